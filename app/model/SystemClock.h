@@ -1,0 +1,17 @@
+#pragma once
+
+#include "app/model/Clock.h"
+
+namespace zelta {
+
+/// The real clock: the system's wall clock, and precise Qt timers (coarse ones may be 5 % off).
+class SystemClock final : public Clock
+{
+public:
+    Instant now() const override;
+
+protected:
+    std::shared_ptr<void> schedule(std::chrono::milliseconds delay, Fire fire) override;
+};
+
+} // namespace zelta

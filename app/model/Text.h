@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace zelta {
+
+/// The one crossing between the core's UTF-8 and Qt's UTF-16. Malformed input becomes U+FFFD.
+inline QString toQt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline std::string toUtf8(const QString& text)
+{
+    return text.toStdString();
+}
+
+} // namespace zelta

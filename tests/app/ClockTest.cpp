@@ -1,0 +1,89 @@
+#include "tests/app/support/HandClock.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace zelta {
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(Clock, RunsAnActionOnceWhenItIsDueAndNotBefore)
+{
+    test::HandClock clock;
+    int runs = 0;
+    const Clock::Task task = clock.after(500ms, [&] { ++runs; });
+    clock.advance(499ms);
+    EXPECT_EQ(runs, 0);
+    EXPECT_TRUE(task.isPending());
+    clock.advance(1ms);
+    EXPECT_EQ(runs, 1);
+    EXPECT_FALSE(task.isPending());
+    clock.advance(10s);
+    EXPECT_EQ(runs, 1);
+}
+
+TEST(Clock, ReplacingOrDestroyingTheHandleCallsTheActionOff)
+{
+    test::HandClock clock;
+    int first = 0;
+    int second = 0;
+    {
+        Clock::Task task = clock.after(10ms, [&] { ++first; });
+        task = clock.after(10ms, [&] { ++second; });
+        clock.advance(5ms);
+    }
+    clock.advance(5ms);
+    EXPECT_EQ(first, 0);
+    EXPECT_EQ(second, 0);
+}
+
+TEST(Clock, RunsInOrderOfDueTimeWithThatTimeAsNow)
+{
+    test::HandClock clock;
+    std::vector<Instant> seen;
+    const auto late = clock.after(20ms, [&] { seen.push_back(clock.now()); });
+    const auto early = clock.after(10ms, [&] { seen.push_back(clock.now()); });
+    clock.advance(30ms);
+    EXPECT_EQ(seen, (std::vector<Instant> {test::HandClock::noon + 10ms, test::HandClock::noon + 20ms}));
+    EXPECT_EQ(clock.now(), test::HandClock::noon + 30ms);
+}
+
+TEST(Clock, SavesSettleOnlyWhenAChainOfSavesHasEnded)
+{
+    test::HandClock clock;
+    int settled = 0;
+    clock.setSavesSettledHandler([&] { ++settled; });
+    Clock::Task second;
+    const auto first = clock.after(
+        10ms,
+        [&] {
+            second = clock.after(
+                10ms, [] {}, Clock::Purpose::save);
+        },
+        Clock::Purpose::save);
+    const auto display = clock.after(1s, [] {});
+    EXPECT_TRUE(clock.hasPendingSaves());
+    clock.advance(10ms);
+    EXPECT_TRUE(clock.hasPendingSaves());
+    EXPECT_EQ(settled, 0);
+    clock.advance(10ms);
+    EXPECT_FALSE(clock.hasPendingSaves());
+    EXPECT_EQ(settled, 1);
+}
+
+TEST(Clock, ACancelledSaveIsNoLongerPending)
+{
+    test::HandClock clock;
+    auto save = clock.after(
+        10ms, [] {}, Clock::Purpose::save);
+    save = clock.after(
+        20ms, [] {}, Clock::Purpose::save);
+    EXPECT_TRUE(clock.hasPendingSaves());
+    save.cancel();
+    EXPECT_FALSE(clock.hasPendingSaves());
+}
+
+} // namespace
+} // namespace zelta
