@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Decimal.h"
 #include "core/Enumeration.h"
 
 #include <array>
@@ -38,6 +39,12 @@ struct ResultRow
     std::optional<std::string> note;
     Weight weight = Weight::primary;
     Tone tone = Tone::neutral;
+
+    /// A row coloured by the sign of `number`: up above zero, down below, neutral at zero.
+    /// `number` is the exact answer; `value` may show it rounded, and a rise that prints "0" is still up.
+    static ResultRow withSign(std::string label, std::string value, const Decimal& number,
+                              std::optional<std::string> note = std::nullopt,
+                              Weight weight = Weight::primary);
 
     friend bool operator==(const ResultRow&, const ResultRow&) = default;
 };

@@ -26,6 +26,15 @@ TEST(ResultRow, PlainTextOfAListIsOneLinePerRow)
     EXPECT_EQ(plainText(std::vector<ResultRow> {}), "");
 }
 
+TEST(ResultRow, WithSignTakesItsToneFromTheNumber)
+{
+    EXPECT_EQ(ResultRow::withSign("a", "0", 0.001_dec).tone, Tone::up);
+    EXPECT_EQ(ResultRow::withSign("a", "-1", -1).tone, Tone::down);
+    EXPECT_EQ(ResultRow::withSign("a", "0", 0).tone, Tone::neutral);
+    const ResultRow expected {"a", "1", "n", Weight::detail, Tone::up};
+    EXPECT_EQ(ResultRow::withSign("a", "1", 1, "n", Weight::detail), expected);
+}
+
 TEST(ResultRow, WeightAndToneAreStoredUnderTheirNames)
 {
     EXPECT_EQ(rawValue(Weight::detail), "detail");
