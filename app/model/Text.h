@@ -17,4 +17,10 @@ inline std::string toUtf8(const QString& text)
     return text.toStdString();
 }
 
+/// Text for a control that reads "&" as a mnemonic: "Saturday && Sunday" shows as "Saturday & Sunday".
+inline QString withoutMnemonic(QString text)
+{
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
 } // namespace zelta

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QWidget>
+#include <string_view>
+
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace zelta {
+
+/// A section box: title row (symbol and title, both optional), then the content in a column, on white with a
+/// thin line around it.
+///
+///     auto* card = new Card(QStringLiteral("Options"), "slider.horizontal.3", this);
+///     card->content()->addWidget(new Switch(…));
+class Card : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Card(QWidget* parent = nullptr);
+    Card(const QString& title, std::string_view symbol, QWidget* parent = nullptr);
+
+    /// The column below the title row; no spacing of its own.
+    QVBoxLayout* content() const;
+
+    /// Places a widget at the right end of the title row.
+    void addToTitle(QWidget* widget);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QVBoxLayout* m_content;
+    QHBoxLayout* m_title = nullptr;
+};
+
+} // namespace zelta

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QLayout>
+#include <QList>
+#include <QPointF>
+#include <QSizeF>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace zelta {
+
+/// Where the children of a flow go, and how much room they take together.
+struct Flow
+{
+    struct Place
+    {
+        QPointF position;
+        QSizeF size;
+
+        friend bool operator==(const Place&, const Place&) = default;
+    };
+
+    std::vector<Place> places;
+    QSizeF size;
+};
+
+/// Places children of these ideal sizes left to right and wraps them onto new lines where the available width
+/// (none: unlimited) ends. A child wider than that is cut to it, so a first child never leaves an empty line
+/// above it.
+///
+/// Three children 100 wide, 8 apart: a width of 200 takes three lines, 208 takes two.
+Flow measureFlow(std::span<const QSizeF> children, std::optional<double> availableWidth, double spacing,
+                 double lineSpacing);
+
+/// A layout that wraps like words do; each child keeps its ideal size, each line's children hang from its
+/// top.
+class FlowLayout : public QLayout
+{
+    Q_OBJECT
+
+public:
+    static constexpr int defaultSpacing = 8;
+
+    explicit FlowLayout(QWidget* parent = nullptr, int spacing = defaultSpacing,
+                        int lineSpacing = defaultSpacing);
+    ~FlowLayout() override;
+    FlowLayout(const FlowLayout&) = delete;
+    FlowLayout& operator=(const FlowLayout&) = delete;
+
+    void addItem(QLayoutItem* item) override;
+    int count() const override;
+    QLayoutItem* itemAt(int index) const override;
+    QLayoutItem* takeAt(int index) override;
+
+    Qt::Orientations expandingDirections() const override;
+    bool hasHeightForWidth() const override;
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+    QSize minimumSize() const override;
+    void setGeometry(const QRect& rect) override;
+
+private:
+    Flow measure(std::optional<double> width) const;
+    std::vector<QLayoutItem*> visibleItems() const;
+
+    QList<QLayoutItem*> m_items;
+    int m_lineSpacing;
+};
+
+} // namespace zelta

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/look/Theme.h"
+
+#include <QLabel>
+
+class QTextLayout;
+
+namespace zelta {
+
+/// Plain text in one of the theme's fonts and colours; follows the appearance by itself. Never reads markup.
+class Label : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit Label(const QString& text, QWidget* parent = nullptr);
+    Label(const QString& text, Theme::FontRole role, Theme::Token token, QWidget* parent = nullptr);
+
+    void setRole(Theme::FontRole role);
+    void setToken(Theme::Token token);
+
+    /// Wraps at the label's width, lines `pixels` apart (0: the font's own spacing).
+    void setWrapped(int pixels = 0);
+
+    bool hasHeightForWidth() const override;
+    int heightForWidth(int width) const override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void applyToken();
+    double layOut(QTextLayout& layout, double width) const;
+
+    Theme::Token m_token = Theme::Token::text;
+    int m_lineHeight = 0;
+};
+
+} // namespace zelta

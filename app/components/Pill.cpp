@@ -1,0 +1,87 @@
+#include "app/components/Pill.h"
+
+#include "app/look/Surface.h"
+#include "app/look/Symbols.h"
+#include "app/look/Theme.h"
+#include "app/model/Text.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QtMath>
+
+namespace zelta {
+
+namespace {
+
+constexpr int before = 11;
+constexpr int after = 14;
+constexpr int gap = 7;
+constexpr int symbolSize = 14;
+constexpr double radius = Metric::pillHeight / 2.0;
+
+} // namespace
+
+Pill::Pill(const PillTabs::Tab& tab, Module module, PillTabs& row)
+    : QAbstractButton(&row)
+    , m_row(row)
+    , m_tab(tab)
+    , m_module(module)
+{
+    setText(withoutMnemonic(tab.label));
+    setCheckable(true);
+    setAttribute(Qt::WA_Hover);
+    setFont(Theme::font(Theme::FontRole::captionBold)); // the wider of both weights, so that nothing shifts
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+const QString& Pill::value() const
+{
+    return m_tab.value;
+}
+
+QSize Pill::sizeHint() const
+{
+    const int text = qCeil(QFontMetricsF(font()).horizontalAdvance(m_tab.label));
+    return {before + symbolSize + gap + text + after, Metric::pillHeight};
+}
+
+void Pill::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Left)
+        m_row.chooseNeighbour(*this, -1);
+    else if (event->key() == Qt::Key_Right)
+        m_row.chooseNeighbour(*this, 1);
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+/// The row decides which pill is checked; a click on the checked one leaves it so.
+void Pill::nextCheckState() { }
+
+void Pill::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const QRectF area = rect();
+    if (isChecked())
+        Surface::draw(painter, area, radius, Theme::fill(m_module));
+    if (isDown())
+        Surface::drawPress(painter, area, radius, Surface::Press::pressed);
+    else if (underMouse() && !isChecked())
+        Surface::drawPress(painter, area, radius, Surface::Press::hovered);
+    const QColor ink = Theme::color(isChecked() ? Theme::Token::onAccent : Theme::Token::text);
+    Symbols::draw(painter, QRectF(before, 0, symbolSize, height()), m_tab.symbol, symbolSize, ink);
+    painter.setPen(ink);
+    painter.setFont(Theme::font(isChecked() ? Theme::FontRole::captionBold : Theme::FontRole::captionMedium));
+    constexpr int textStart = before + symbolSize + gap;
+    painter.drawText(QRectF(textStart, 0, width() - textStart, height()),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, m_tab.label);
+    if (!Surface::showsFocus(*this))
+        return;
+    if (isChecked())
+        Surface::drawOutline(painter, area.adjusted(2, 2, -2, -2), radius - 2, ink, 1.5);
+    else
+        Surface::drawFocusRing(painter, area, radius);
+}
+
+} // namespace zelta

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/components/PillTabs.h"
+
+namespace zelta {
+
+/// One tab of PillTabs: filled when checked, clear otherwise.
+class Pill : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    Pill(const PillTabs::Tab& tab, Module module, PillTabs& row);
+
+    const QString& value() const;
+
+    QSize sizeHint() const override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void nextCheckState() override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    PillTabs& m_row;
+    PillTabs::Tab m_tab;
+    Module m_module;
+};
+
+} // namespace zelta

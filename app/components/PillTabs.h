@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/model/Module.h"
+
+#include <QAbstractButton>
+#include <QWidget>
+#include <string>
+#include <vector>
+
+namespace zelta {
+
+class Pill;
+
+/// A row of pill-shaped buttons of which one is selected and filled. One tab stop; Left and Right choose the
+/// neighbour.
+class PillTabs : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Tab
+    {
+        QString value; ///< what `selection` tells, such as a stored text
+        QString label;
+        std::string symbol;
+    };
+
+    /// Starts with the first tab selected. `module` gives the fill.
+    PillTabs(const std::vector<Tab>& tabs, Module module, QWidget* parent = nullptr);
+
+    QString selection() const;
+
+    /// Selects the tab with this value without a signal; an unknown value changes nothing.
+    void setSelection(const QString& value);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The person chose another tab.
+    void selected(const QString& value);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    friend class Pill;
+    void choose(const Pill& pill);
+    void chooseNeighbour(const Pill& pill, int step);
+
+    std::vector<Pill*> m_pills;
+    const Pill* m_selected = nullptr;
+};
+
+} // namespace zelta

@@ -1,0 +1,35 @@
+#include "app/components/SymbolIcon.h"
+
+#include "app/look/Symbols.h"
+
+#include <QPainter>
+
+namespace zelta {
+
+SymbolIcon::SymbolIcon(std::string_view symbol, int size, Theme::Token token, QWidget* parent)
+    : QWidget(parent)
+    , m_symbol(symbol)
+    , m_token(token)
+{
+    setFixedSize(size, size);
+}
+
+void SymbolIcon::setSymbol(std::string_view symbol)
+{
+    m_symbol = symbol;
+    update();
+}
+
+void SymbolIcon::setToken(Theme::Token token)
+{
+    m_token = token;
+    update();
+}
+
+void SymbolIcon::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    Symbols::draw(painter, rect(), m_symbol, width(), Theme::color(m_token));
+}
+
+} // namespace zelta

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/look/Theme.h"
+
+#include <QWidget>
+#include <string>
+
+namespace zelta {
+
+/// A symbol on its own, in a theme colour. Decoration: hidden from assistive technology.
+class SymbolIcon : public QWidget
+{
+    Q_OBJECT
+
+public:
+    SymbolIcon(std::string_view symbol, int size, Theme::Token token, QWidget* parent = nullptr);
+
+    void setSymbol(std::string_view symbol);
+    void setToken(Theme::Token token);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::string m_symbol;
+    Theme::Token m_token;
+};
+
+} // namespace zelta

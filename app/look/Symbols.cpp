@@ -1,0 +1,112 @@
+#include "app/look/Symbols.h"
+
+#include "app/model/Text.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QRectF>
+#include <QSvgRenderer>
+#include <QtMath>
+#include <array>
+#include <utility>
+
+namespace zelta::Symbols {
+
+namespace {
+
+constexpr auto files = std::to_array<std::pair<std::string_view, std::string_view>>({
+    {"arrow.left.arrow.right", "swap-arrows"},
+    {"arrow.left.arrow.right.circle.fill", "swap-circle-filled"},
+    {"calendar.badge.checkmark", "calendar-check"},
+    {"calendar.badge.clock", "calendar-clock"},
+    {"checkmark", "check-mark"},
+    {"clock.arrow.circlepath", "clock-back-arrow"},
+    {"clock.fill", "clock-filled"},
+    {"doc.on.doc", "copy-sheets"},
+    {"exclamationmark.circle.fill", "exclamation-circle-filled"},
+    {"exclamationmark.triangle.fill", "exclamation-triangle-filled"},
+    {"flag.checkered", "flag-checkered"},
+    {"flag.fill", "flag-filled"},
+    {"gearshape.fill", "gear-filled"},
+    {"hand.tap.fill", "hand-tap-filled"},
+    {"lightbulb.fill", "light-bulb-filled"},
+    {"note.text", "note-lines"},
+    {"number", "number-sign"},
+    {"plus.forwardslash.minus", "plus-slash-minus"},
+    {"slider.horizontal.3", "three-sliders"},
+    {"trash", "trash-can"},
+    {"tray.and.arrow.down", "tray-arrow-down"},
+});
+
+/// The drawing's bytes with the line width that suits its size.
+QByteArray drawing(std::string_view name, int size, Stroke stroke)
+{
+    QFile file(QStringLiteral(":/icons/%1.svg").arg(toQt(fileName(name))));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QByteArray bytes = file.readAll();
+    constexpr int small = 16;
+    if (stroke == Stroke::bold)
+        bytes.replace("stroke-width=\"1.8\"", "stroke-width=\"2.2\"");
+    else if (size <= small)
+        bytes.replace("stroke-width=\"1.8\"", "stroke-width=\"2.1\"");
+    return bytes;
+}
+
+QPixmap render(const QByteArray& bytes, int size, const QColor& color, double devicePixelRatio)
+{
+    const int side = qCeil(size * devicePixelRatio);
+    QPixmap pixmap(side, side);
+    pixmap.fill(Qt::transparent);
+    QSvgRenderer renderer(bytes);
+    QPainter painter(&pixmap);
+    renderer.render(&painter, QRectF(0, 0, side, side));
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap.rect(), color);
+    painter.end();
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+}
+
+} // namespace
+
+std::string_view fileName(std::string_view name)
+{
+    for (const auto& [symbol, file] : files) {
+        if (symbol == name)
+            return file;
+    }
+    return name;
+}
+
+QPixmap pixmap(std::string_view name, int size, const QColor& color, double devicePixelRatio, Stroke stroke)
+{
+    const QString key = QStringLiteral("zelta/%1/%2/%3/%4/%5")
+                            .arg(toQt(fileName(name)))
+                            .arg(size)
+                            .arg(color.rgba())
+                            .arg(devicePixelRatio)
+                            .arg(static_cast<int>(stroke));
+    QPixmap found;
+    if (QPixmapCache::find(key, &found))
+        return found;
+    const QByteArray bytes = drawing(name, size, stroke);
+    if (bytes.isEmpty())
+        return {};
+    found = render(bytes, size, color, devicePixelRatio);
+    QPixmapCache::insert(key, found);
+    return found;
+}
+
+void draw(QPainter& painter, const QRectF& area, std::string_view name, int size, const QColor& color,
+          Stroke stroke)
+{
+    const double ratio = painter.device()->devicePixelRatioF();
+    const QPixmap drawing = pixmap(name, size, color, ratio, stroke);
+    const QPointF corner(area.center().x() - size / 2.0, area.center().y() - size / 2.0);
+    const auto snap = [ratio](double position) { return qRound(position * ratio) / ratio; };
+    painter.drawPixmap(QPointF(snap(corner.x()), snap(corner.y())), drawing);
+}
+
+} // namespace zelta::Symbols
