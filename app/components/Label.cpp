@@ -32,6 +32,12 @@ void Label::setToken(Theme::Token token)
     applyToken();
 }
 
+void Label::setOpacity(double opacity)
+{
+    m_opacity = static_cast<float>(opacity);
+    applyToken();
+}
+
 void Label::setWrapped(int pixels)
 {
     m_lineHeight = pixels;
@@ -84,7 +90,8 @@ void Label::applyToken()
         setForegroundRole(QPalette::PlaceholderText);
     } else {
         setForegroundRole(QPalette::WindowText);
-        const QColor color = Theme::color(m_token);
+        QColor color = Theme::color(m_token);
+        color.setAlphaF(m_opacity);
         if (palette().color(QPalette::WindowText) == color)
             return;
         QPalette own;

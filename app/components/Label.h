@@ -20,6 +20,9 @@ public:
     void setRole(Theme::FontRole role);
     void setToken(Theme::Token token);
 
+    /// Lets the ground show through the colour; 1 is solid.
+    void setOpacity(double opacity);
+
     /// Wraps at the label's width, lines `pixels` apart (0: the font's own spacing).
     void setWrapped(int pixels = 0);
 
@@ -35,6 +38,7 @@ private:
     double layOut(QTextLayout& layout, double width) const;
 
     Theme::Token m_token = Theme::Token::text;
+    float m_opacity = 1;
     int m_lineHeight = 0;
 };
 

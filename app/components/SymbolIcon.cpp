@@ -26,9 +26,16 @@ void SymbolIcon::setToken(Theme::Token token)
     update();
 }
 
+void SymbolIcon::setOpacity(double opacity)
+{
+    m_opacity = opacity;
+    update();
+}
+
 void SymbolIcon::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
+    painter.setOpacity(m_opacity);
     Symbols::draw(painter, rect(), m_symbol, width(), Theme::color(m_token));
 }
 

@@ -18,12 +18,16 @@ public:
     void setSymbol(std::string_view symbol);
     void setToken(Theme::Token token);
 
+    /// Lets the ground show through the colour; 1 is solid.
+    void setOpacity(double opacity);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     std::string m_symbol;
     Theme::Token m_token;
+    double m_opacity = 1;
 };
 
 } // namespace zelta

@@ -1,0 +1,90 @@
+#include "app/components/NumberField.h"
+
+#include "app/components/Label.h"
+#include "app/components/WarningLine.h"
+#include "app/look/Theme.h"
+#include "app/model/Text.h"
+#include "core/Num.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+namespace zelta {
+
+NumberField::NumberField(const QString& label, const QString& explanation, QWidget* parent)
+    : QWidget(parent)
+    , m_field(new QLineEdit(this))
+    , m_row(new QHBoxLayout)
+    , m_warning(new WarningLine(QStringLiteral("Not a number"), "exclamationmark.circle.fill", this))
+{
+    constexpr int gap = 6;
+    constexpr int suffixGap = 8;
+    m_field->setFont(Theme::font(Theme::FontRole::field));
+    m_field->setFixedSize(defaultWidth, Metric::fieldHeight);
+    m_field->setAccessibleName(label);
+    m_field->setAccessibleDescription(explanation);
+    m_row->setSpacing(suffixGap);
+    m_row->addWidget(m_field);
+    m_row->addStretch(1);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(gap);
+    if (!label.isEmpty())
+        column->addWidget(
+            new Label(label, Theme::FontRole::captionMedium, Theme::Token::textSecondary, this));
+    column->addLayout(m_row);
+    column->addWidget(m_warning);
+    if (!explanation.isEmpty())
+        column->addWidget(
+            new Label(explanation, Theme::FontRole::caption, Theme::Token::textSecondary, this));
+    column->addStretch(1);
+
+    m_warning->hide();
+    connect(m_field, &QLineEdit::textChanged, this, &NumberField::updateWarning);
+    connect(m_field, &QLineEdit::textEdited, this, &NumberField::textEdited);
+}
+
+QString NumberField::text() const
+{
+    return m_field->text();
+}
+
+void NumberField::setText(const QString& text)
+{
+    m_field->setText(text);
+}
+
+void NumberField::setPlaceholder(const QString& text)
+{
+    m_field->setPlaceholderText(text);
+}
+
+void NumberField::setSuffix(const QString& text)
+{
+    m_row->insertWidget(1, new Label(text, Theme::FontRole::field, Theme::Token::textSecondary, this));
+}
+
+void NumberField::setFieldWidth(int pixels)
+{
+    m_field->setFixedWidth(pixels);
+}
+
+bool NumberField::showsWarning() const
+{
+    return !m_warning->isHidden();
+}
+
+QLineEdit* NumberField::field() const
+{
+    return m_field;
+}
+
+void NumberField::updateWarning()
+{
+    const QString text = m_field->text();
+    m_warning->setVisible(!text.trimmed().isEmpty() && !Num::parse(toUtf8(text)));
+}
+
+} // namespace zelta

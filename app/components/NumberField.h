@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QWidget>
+
+class QHBoxLayout;
+class QLineEdit;
+class QVBoxLayout;
+
+namespace zelta {
+
+class Label;
+
+/// A text field for a number, with what belongs around it: label above, suffix after, explanation below.
+/// While its text cannot be read as a number the line "Not a number" stands under the field; a blank text is
+/// no mistake.
+class NumberField : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr int defaultWidth = 84;
+
+    /// `label` is the field's accessible name as well, `explanation` its description; an empty one is left
+    /// out.
+    NumberField(const QString& label, const QString& explanation, QWidget* parent = nullptr);
+
+    QString text() const;
+
+    /// Sets the text without `textEdited`.
+    void setText(const QString& text);
+
+    void setPlaceholder(const QString& text);
+    void setSuffix(const QString& text);
+    void setFieldWidth(int pixels);
+
+    /// Whether "Not a number" is shown.
+    bool showsWarning() const;
+
+    /// The field itself, for focus and for the swap button's place.
+    QLineEdit* field() const;
+
+Q_SIGNALS:
+    /// The person changed the text.
+    void textEdited(const QString& text);
+
+private:
+    void updateWarning();
+
+    QLineEdit* m_field;
+    QHBoxLayout* m_row;
+    QWidget* m_warning;
+};
+
+} // namespace zelta

@@ -1,0 +1,105 @@
+#include "app/components/Picker.h"
+
+#include "app/look/Surface.h"
+#include "app/look/Symbols.h"
+#include "app/look/Theme.h"
+
+#include <QAbstractItemView>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QtMath>
+
+namespace zelta {
+
+namespace {
+
+constexpr int secondRole = Qt::UserRole + 1;
+constexpr int itemHeight = 32;
+constexpr int itemPadding = 10;
+constexpr int itemMargin = 5;
+
+/// Paints an entry of the open list the way menu items look.
+class EntryDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), itemHeight};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const bool chosen = option.state.testFlag(QStyle::State_Selected);
+        const QRectF area = QRectF(option.rect).adjusted(itemMargin, 0, -itemMargin, 0);
+        if (chosen)
+            Surface::draw(*painter, area, Metric::tipRadius, Theme::color(Theme::Token::accentFill));
+        const QRectF line = area.adjusted(itemPadding, 0, -itemPadding, 0);
+        painter->setPen(Theme::color(chosen ? Theme::Token::onAccent : Theme::Token::text));
+        painter->setFont(Theme::font(Theme::FontRole::menu));
+        painter->drawText(line, Qt::AlignLeft | Qt::AlignVCenter, index.data(Qt::DisplayRole).toString());
+        painter->setPen(Theme::color(chosen ? Theme::Token::onAccent : Theme::Token::textSecondary));
+        painter->setFont(Theme::font(Theme::FontRole::caption));
+        painter->drawText(line, Qt::AlignRight | Qt::AlignVCenter, index.data(secondRole).toString());
+    }
+};
+
+} // namespace
+
+Picker::Picker(const QString& name, QWidget* parent)
+    : QComboBox(parent)
+{
+    setAccessibleName(name);
+    setFont(Theme::font(Theme::FontRole::body));
+    setFixedHeight(Metric::fieldHeight);
+    setItemDelegate(new EntryDelegate(this));
+    setMaxVisibleItems(16);
+    setAttribute(Qt::WA_Hover);
+}
+
+void Picker::addEntry(const QString& name, const QString& second, const QString& value)
+{
+    addItem(name, value);
+    setItemData(count() - 1, second, secondRole);
+}
+
+QSize Picker::sizeHint() const
+{
+    return {QComboBox::sizeHint().width(), Metric::fieldHeight};
+}
+
+void Picker::paintEvent(QPaintEvent* /*event*/)
+{
+    constexpr int left = 12;
+    constexpr int right = 10;
+    constexpr int gap = 8;
+    constexpr int symbolSize = 14;
+    QPainter painter(this);
+    const QRectF area = rect();
+    Surface::draw(painter, area, Metric::controlRadius, Theme::color(Theme::Token::button),
+                  Theme::color(Theme::Token::fieldOutline));
+    if (isEnabled() && underMouse())
+        Surface::drawPress(painter, area, Metric::controlRadius, Surface::Press::hovered);
+    if (hasFocus())
+        Surface::drawFocusRing(painter, area, Metric::controlRadius);
+
+    QRectF line = area.adjusted(left, 0, -right, 0);
+    const QColor quiet = Theme::color(isEnabled() ? Theme::Token::textSecondary : Theme::Token::textOff);
+    const QRectF arrow(line.right() - symbolSize, line.top(), symbolSize, line.height());
+    Symbols::draw(painter, arrow, "chevron-up-down", symbolSize, quiet);
+    line.setRight(arrow.left() - gap);
+    const QString second = currentData(secondRole).toString();
+    if (!second.isEmpty()) {
+        painter.setFont(Theme::font(Theme::FontRole::menu));
+        painter.setPen(quiet);
+        painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, second);
+        line.setRight(line.right() - QFontMetricsF(painter.font()).horizontalAdvance(second) - gap);
+    }
+    painter.setFont(font());
+    painter.setPen(isEnabled() ? Theme::color(Theme::Token::text) : quiet);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(currentText(), Qt::ElideRight, qFloor(line.width())));
+}
+
+} // namespace zelta

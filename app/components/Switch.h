@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QCheckBox>
+
+namespace zelta {
+
+/// A check box drawn as a switch. Its label and caption stand beside it as texts of their own and are its
+/// accessible name and description. `clicked(bool)` tells of the person's choice, `setChecked` makes no such
+/// signal.
+class Switch : public QCheckBox
+{
+    Q_OBJECT
+
+public:
+    /// Room around the track, for the focus ring that lies outside it.
+    static constexpr int margin = 4;
+
+    Switch(const QString& label, const QString& caption, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool hitButton(const QPoint& position) const override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace zelta
