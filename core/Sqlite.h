@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+/// SQLite's C interface as two owners: a connection and a statement. Errors are thrown as `StoreError` where
+/// the C function has no result but success, and returned where the caller has to look.
+namespace zelta::sqlite {
+
+/// What went wrong, for the log: "Database error: database is locked".
+struct StoreError
+{
+    enum class Kind { open, sql };
+
+    Kind kind;
+    std::string message; ///< The engine's own text.
+
+    std::string description() const;
+};
+
+/// What one step of a statement gave.
+enum class Step { row, done, failed };
+
+/// A compiled statement. Parameters count from 1, columns from 0, as in SQL's C interface. Bound texts are
+/// not copied: they must live until the last step.
+class Statement
+{
+public:
+    /// Binds a text up to its first NUL, if it has one.
+    void bind(int parameter, std::string_view text);
+    void bind(int parameter, std::int64_t value);
+    void bind(int parameter, double value);
+
+    /// A lock held elsewhere is waited for, as long as the connection was told to.
+    Step step();
+
+    /// Columns of the current row. A NULL reads as "", 0 or 0.0. The text lives until the next step.
+    std::string_view text(int column) const;
+    std::int64_t integer(int column) const;
+    double real(int column) const;
+
+private:
+    friend class Connection;
+    struct Finalize
+    {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+};
+
+/// An open database, or none: a default-constructed one has no handle, and everything asked of it fails.
+class Connection
+{
+public:
+    Connection() = default;
+
+    /// Opens, and creates when missing, for reading and writing in serialized mode. `path` is absolute UTF-8
+    /// or ":memory:". Statements wait up to `lockTimeout` milliseconds for a lock. Throws StoreError.
+    static Connection open(const std::string& path, int lockTimeout);
+
+    /// Runs a script without parameters. Throws StoreError.
+    void execute(const std::string& script);
+
+    /// Compiles one statement. Throws StoreError.
+    Statement prepare(std::string_view sql);
+
+    std::int64_t lastInsertedRowId() const; ///< 0 without a handle.
+    std::string errorMessage() const; ///< Of the most recent failure; empty without a handle.
+
+private:
+    struct Close
+    {
+        void operator()(sqlite3* handle) const;
+    };
+    std::unique_ptr<sqlite3, Close> m_handle;
+};
+
+} // namespace zelta::sqlite

@@ -1,0 +1,63 @@
+#include "core/UserDirectories.h"
+
+#include <cstdlib>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#ifndef _WIN32
+#include <pwd.h>
+#include <unistd.h>
+#endif
+
+namespace zelta {
+
+namespace {
+
+std::filesystem::path pathFromEnvironment(const char* name)
+{
+    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing here changes it
+    return value == nullptr ? "" : value;
+}
+
+} // namespace
+
+std::filesystem::path homeDirectory()
+{
+#ifdef _WIN32
+    return pathFromEnvironment("USERPROFILE");
+#else
+    if (const std::filesystem::path home = pathFromEnvironment("HOME"); !home.empty())
+        return home;
+    const passwd* user = getpwuid(getuid()); // NOLINT(concurrency-mt-unsafe): asked once, at the start
+    return user == nullptr ? "/" : user->pw_dir;
+#endif
+}
+
+std::filesystem::path dataDirectory()
+{
+#if defined(_WIN32)
+    return pathFromEnvironment("LOCALAPPDATA");
+#elif defined(__APPLE__)
+    return homeDirectory() / "Library" / "Application Support";
+#else
+    const std::filesystem::path configured = pathFromEnvironment("XDG_DATA_HOME");
+    return configured.is_absolute() ? configured : homeDirectory() / ".local" / "share";
+#endif
+}
+
+void createPrivateDirectories(const std::filesystem::path& directory)
+{
+    std::vector<std::filesystem::path> missing;
+    for (std::filesystem::path path = directory; !path.empty() && !exists(path); path = path.parent_path())
+        missing.push_back(path);
+    for (; !missing.empty(); missing.pop_back()) {
+        // False: another process was quicker, and the directory is its own.
+        if (create_directory(missing.back()))
+            permissions(missing.back(), std::filesystem::perms::owner_all);
+    }
+    if (!directory.empty() && !is_directory(directory))
+        throw std::system_error(std::make_error_code(std::errc::not_a_directory));
+}
+
+} // namespace zelta
