@@ -136,7 +136,7 @@ TEST(NoteEncodedBlocks, IsCompactJsonWithTheIdFirst)
 
 TEST(NoteEncodedBlocks, EscapesWhatJsonMust)
 {
-    const Note note(0, {{*Uuid::fromText(someId), std::string("\"\\/\b\f\n\r\t\0\x1F\x7Fé🙂\u2028", 21)}},
+    const Note note(0, {{*Uuid::fromText(someId), std::string("\"\\/\b\f\n\r\t\0\x1F\x7Fé🙂\u2028", 20)}},
                     {}, {});
     EXPECT_EQ(note.encodedBlocks(),
               json("[{'id':#,'text':'") + R"(\"\\/\b\f\n\r\t\u0000\u001f)" + "\x7Fé🙂\u2028"
