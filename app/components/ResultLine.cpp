@@ -1,0 +1,355 @@
+#include "app/components/ResultLine.h"
+
+#include "app/components/Label.h"
+#include "app/look/Surface.h"
+#include "app/look/Symbols.h"
+#include "app/look/Theme.h"
+#include "app/model/Text.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace zelta {
+
+namespace {
+
+constexpr int gap = 12;
+constexpr int symbolSize = 14;
+constexpr int rowSpacing = 2;
+constexpr int dragDistance = 4;
+
+int leastHeight(Weight weight)
+{
+    switch (weight) {
+    case Weight::headline:
+        return 52;
+    case Weight::primary:
+        return 40;
+    case Weight::detail:
+        return 32;
+    }
+    return 0;
+}
+
+Theme::FontRole valueRole(Weight weight)
+{
+    switch (weight) {
+    case Weight::headline:
+        return Theme::FontRole::headline;
+    case Weight::primary:
+        return Theme::FontRole::value;
+    case Weight::detail:
+        return Theme::FontRole::body;
+    }
+    return Theme::FontRole::body;
+}
+
+Theme::Token valueToken(const ResultRow& row)
+{
+    if (row.tone == Tone::up)
+        return Theme::Token::upInk;
+    if (row.tone == Tone::down)
+        return Theme::Token::downInk;
+    return row.weight == Weight::headline ? Theme::Token::accentInk : Theme::Token::text;
+}
+
+/// Texts on one baseline: the room above and below it that they need together.
+struct Line
+{
+    int ascent = 0;
+    int descent = 0;
+
+    void add(const QFontMetrics& metrics)
+    {
+        ascent = std::max(ascent, metrics.ascent());
+        descent = std::max(descent, metrics.descent());
+    }
+    int height() const { return ascent + descent; }
+};
+
+} // namespace
+
+ResultLine::ResultLine(QWidget* parent)
+    : QAbstractButton(parent)
+    , m_value(new Label(QString(), this))
+    , m_noteFont(Theme::font(Theme::FontRole::caption))
+{
+    m_value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_value->setFocusPolicy(Qt::NoFocus);
+    m_value->setCursor(Qt::PointingHandCursor);
+    m_value->installEventFilter(this);
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::PointingHandCursor);
+    setAttribute(Qt::WA_Hover);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    applyFonts();
+}
+
+void ResultLine::setRow(const ResultRow& row)
+{
+    if (row == m_row)
+        return;
+    const bool sameLook = row.weight == m_row.weight && row.label.empty() == isReference();
+    m_row = row;
+    m_label = toQt(row.label);
+    m_note = row.note ? toQt(*row.note) : QString();
+    m_valueText = toQt(row.value);
+    if (!sameLook)
+        applyFonts();
+    m_value->setToken(isReference() ? Theme::Token::text : valueToken(row));
+
+    QString name = isReference() ? m_valueText : m_label + QStringLiteral(": ") + m_valueText;
+    if (row.note)
+        name += QStringLiteral(" (") + m_note + QStringLiteral(")");
+    setAccessibleName(name);
+    setToolTip(QStringLiteral("Click to copy “%1”").arg(m_valueText));
+    place();
+    update();
+}
+
+void ResultLine::setMarked(bool marked)
+{
+    if (m_marked == marked)
+        return;
+    m_marked = marked;
+    update();
+}
+
+bool ResultLine::isHighlighted() const
+{
+    return underMouse() || Surface::showsFocus(*this);
+}
+
+QSize ResultLine::sizeHint() const
+{
+    const int texts = QFontMetrics(m_labelFont).horizontalAdvance(m_label)
+        + QFontMetrics(m_noteFont).horizontalAdvance(m_note)
+        + m_value->fontMetrics().horizontalAdvance(m_valueText);
+    return {texts + 3 * gap + symbolSize + 2 * bleed, leastHeight(m_row.weight)};
+}
+
+QSize ResultLine::minimumSizeHint() const
+{
+    return {0, leastHeight(m_row.weight)};
+}
+
+int ResultLine::heightForWidth(int width) const
+{
+    return arrange(width).height;
+}
+
+/// Everything on one line where it fits; else the note below the value; else the value below the label.
+ResultLine::Arrangement ResultLine::arrange(int width) const
+{
+    const QFontMetrics labelMetrics(m_labelFont);
+    const QFontMetrics noteMetrics(m_noteFont);
+    const QFontMetrics valueMetrics(m_value->font());
+    const int left = bleed;
+    const int right = std::max(left, width - bleed - symbolSize - gap);
+    const int room = right - left;
+    const auto widthOf = [&](const QFontMetrics& metrics, const QString& text) {
+        return std::min(room, metrics.horizontalAdvance(text));
+    };
+    const int labelWidth = widthOf(labelMetrics, m_label);
+    const int noteWidth = widthOf(noteMetrics, m_note);
+    const int valueWidth = widthOf(valueMetrics, m_valueText);
+    const int labelTaken = m_label.isEmpty() ? 0 : labelWidth + gap;
+    const int noteTaken = m_note.isEmpty() ? 0 : noteWidth + gap;
+
+    const int valueLine = labelTaken + valueWidth <= room ? 0 : 1;
+    const bool noteFits = (valueLine == 0 ? labelTaken : 0) + noteTaken + valueWidth <= room;
+    const int noteLine = noteFits ? valueLine : valueLine + 1;
+
+    std::array<Line, 3> lines;
+    if (!m_label.isEmpty())
+        lines.at(0).add(labelMetrics);
+    lines.at(static_cast<std::size_t>(valueLine)).add(valueMetrics);
+    if (!m_note.isEmpty())
+        lines.at(static_cast<std::size_t>(noteLine)).add(noteMetrics);
+    int extra = 0;
+    for (std::size_t i = 1; i < lines.size(); ++i)
+        extra += lines.at(i).height() > 0 ? lines.at(i).height() + rowSpacing : 0;
+
+    Arrangement places;
+    places.height = leastHeight(m_row.weight) + extra;
+    std::array<int, 3> baselines {};
+    int y = (places.height - lines.at(0).height() - extra) / 2;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        baselines.at(i) = y + lines.at(i).ascent;
+        y += lines.at(i).height() + rowSpacing;
+    }
+    const auto boxAt = [&](int x, int lineIndex, int boxWidth, const QFontMetrics& metrics) {
+        return QRect(x, baselines.at(static_cast<std::size_t>(lineIndex)) - metrics.ascent(), boxWidth,
+                     metrics.height());
+    };
+    const int valueLeft = isReference() ? left : right - valueWidth;
+    places.label = boxAt(left, 0, labelWidth, labelMetrics);
+    places.value = boxAt(valueLeft, valueLine, valueWidth, valueMetrics);
+    places.note = boxAt((noteFits ? valueLeft - gap : right) - noteWidth, noteLine, noteWidth, noteMetrics);
+    return places;
+}
+
+void ResultLine::applyFonts()
+{
+    m_labelFont
+        = Theme::font(m_row.weight == Weight::headline ? Theme::FontRole::bodyBold : Theme::FontRole::body);
+    m_value->setRole(isReference() ? Theme::FontRole::body : valueRole(m_row.weight));
+}
+
+void ResultLine::place()
+{
+    const int oldHeight = m_places.height;
+    m_places = arrange(width());
+    m_value->setGeometry(m_places.value);
+    m_value->setText(m_value->fontMetrics().elidedText(m_valueText, Qt::ElideMiddle, m_places.value.width()));
+    if (m_places.height != oldHeight)
+        updateGeometry();
+}
+
+/// An elided label or note shows itself in full; elsewhere the hover help says what a click does.
+bool ResultLine::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const auto showElided = [&](const QString& text, const QFont& font, const QRect& place) {
+            if (!place.contains(help->pos()) || QFontMetrics(font).horizontalAdvance(text) <= place.width())
+                return false;
+            QToolTip::showText(help->globalPos(), text, this, place);
+            return true;
+        };
+        if (showElided(m_label, m_labelFont, m_places.label) || showElided(m_note, m_noteFont, m_places.note))
+            return true;
+    }
+    return QAbstractButton::event(event);
+}
+
+/// The value is selectable text, which keeps mouse events to itself: only a real drag is its own.
+bool ResultLine::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_value && filterValueMouse(event))
+        return true;
+    return QAbstractButton::eventFilter(watched, event);
+}
+
+bool ResultLine::filterValueMouse(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonDblClick: // the second of two quick clicks copies as well
+    case QEvent::MouseButtonPress: {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        m_pressedAt = mouse->globalPosition().toPoint();
+        return event->type() == QEvent::MouseButtonDblClick;
+    }
+    case QEvent::MouseMove: {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (!(mouse->buttons() & Qt::LeftButton) || !isDrag(*mouse))
+            return true;
+        if (!m_value->hasFocus()) // so that Ctrl+C copies the selection
+            m_value->setFocus(Qt::MouseFocusReason);
+        return false;
+    }
+    case QEvent::MouseButtonRelease: {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() == Qt::LeftButton && !isDrag(*mouse))
+            click();
+        return false;
+    }
+    default:
+        return false;
+    }
+}
+
+bool ResultLine::isDrag(const QMouseEvent& event) const
+{
+    return (event.globalPosition().toPoint() - m_pressedAt).manhattanLength() >= dragDistance;
+}
+
+void ResultLine::mousePressEvent(QMouseEvent* event)
+{
+    m_pressedAt = event->globalPosition().toPoint();
+    QAbstractButton::mousePressEvent(event);
+}
+
+void ResultLine::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (isDown() && isDrag(*event))
+        setDown(false);
+    QAbstractButton::mouseReleaseEvent(event);
+}
+
+void ResultLine::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+void ResultLine::enterEvent(QEnterEvent* event)
+{
+    QAbstractButton::enterEvent(event);
+    Q_EMIT highlightChanged();
+}
+
+void ResultLine::leaveEvent(QEvent* event)
+{
+    QAbstractButton::leaveEvent(event);
+    Q_EMIT highlightChanged();
+}
+
+void ResultLine::focusInEvent(QFocusEvent* event)
+{
+    QAbstractButton::focusInEvent(event);
+    Q_EMIT highlightChanged();
+}
+
+void ResultLine::focusOutEvent(QFocusEvent* event)
+{
+    QAbstractButton::focusOutEvent(event);
+    Q_EMIT highlightChanged();
+}
+
+void ResultLine::resizeEvent(QResizeEvent* event)
+{
+    QAbstractButton::resizeEvent(event);
+    place();
+}
+
+void ResultLine::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const bool hovered = underMouse();
+    Surface::drawPress(painter, rect(), Metric::controlRadius,
+                       hovered ? Surface::Press::hovered : Surface::Press::none);
+    const auto drawText
+        = [&](const QString& text, const QRect& place, const QFont& font, Qt::TextElideMode elide) {
+              const QFontMetrics metrics(font);
+              painter.setFont(font);
+              painter.drawText(place.left(), place.top() + metrics.ascent(),
+                               metrics.elidedText(text, elide, place.width()));
+          };
+    painter.setPen(
+        Theme::color(m_row.weight == Weight::detail ? Theme::Token::textSecondary : Theme::Token::text));
+    drawText(m_label, m_places.label, m_labelFont, Qt::ElideMiddle);
+    painter.setPen(Theme::color(Theme::Token::textSecondary));
+    drawText(m_note, m_places.note, m_noteFont, Qt::ElideRight);
+
+    const QRect symbol(width() - bleed - symbolSize, 0, symbolSize, height());
+    if (m_marked)
+        Symbols::draw(painter, symbol, "checkmark", symbolSize, Theme::color(Theme::Token::upInk));
+    else
+        Symbols::draw(painter, symbol, "doc.on.doc", symbolSize,
+                      Theme::color(hovered ? Theme::Token::text : Theme::Token::textSecondary));
+    if (Surface::showsFocus(*this))
+        Surface::drawFocusRing(painter, rect(), Metric::controlRadius);
+}
+
+} // namespace zelta

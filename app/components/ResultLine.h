@@ -1,0 +1,90 @@
+#pragma once
+
+#include "core/ResultRow.h"
+
+#include <QAbstractButton>
+#include <QRect>
+#include <QString>
+
+namespace zelta {
+
+class Label;
+
+/// One line of an answer: label at the left, note and value at the right on the same baseline, then a copy
+/// symbol. A click, Space or Enter copies the value; dragging over the value selects it as text. What does
+/// not fit moves to lines of its own, and what is still too wide is elided, with the whole text in its hover
+/// help.
+///
+/// A row without a label is its value alone, at the left.
+class ResultLine final : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    /// How far the line reaches beyond its texts on either side, for the shade of the line below the mouse.
+    static constexpr int bleed = 10;
+
+    explicit ResultLine(QWidget* parent = nullptr);
+
+    /// Shows another answer in place; what did not change is left alone.
+    void setRow(const ResultRow& row);
+    const ResultRow& row() const { return m_row; }
+
+    /// Shows a check mark in place of the copy symbol.
+    void setMarked(bool marked);
+    bool isMarked() const { return m_marked; }
+
+    /// Below the mouse or with the focus ring: no divider touches such a line.
+    bool isHighlighted() const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
+Q_SIGNALS:
+    void highlightChanged();
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    /// Where each text goes at a width; `y` of a rectangle is the top of its font.
+    struct Arrangement
+    {
+        QRect label;
+        QRect note;
+        QRect value;
+        int height = 0;
+    };
+
+    Arrangement arrange(int width) const;
+    void applyFonts();
+    void place();
+    bool isReference() const { return m_row.label.empty(); }
+    bool isDrag(const QMouseEvent& event) const;
+    bool filterValueMouse(QEvent* event);
+
+    ResultRow m_row;
+    QString m_label;
+    QString m_note;
+    QString m_valueText;
+    Label* m_value;
+    Arrangement m_places;
+    QFont m_labelFont;
+    QFont m_noteFont;
+    QPoint m_pressedAt; ///< On the screen.
+    bool m_marked = false;
+};
+
+} // namespace zelta

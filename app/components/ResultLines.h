@@ -1,0 +1,64 @@
+#pragma once
+
+#include "app/components/CopyMark.h"
+#include "core/ResultRow.h"
+
+#include <QWidget>
+#include <span>
+#include <string>
+#include <vector>
+
+class QVBoxLayout;
+
+namespace zelta {
+
+class ResultLine;
+
+/// A stack of result lines with thin dividers. A click on one copies its value and marks it for half a
+/// second; the mark moves when another is clicked. Lines are updated in place, keyed by their label.
+class ResultLines final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ResultLines(Clock& clock, QWidget* parent = nullptr);
+
+    /// Shows these rows, in this order. Labels are unique.
+    void setRows(std::span<const ResultRow> rows);
+    /// Shows plain texts, one a line, without labels.
+    void setTexts(std::span<const std::string> texts);
+    std::span<const ResultRow> rows() const { return m_rows; }
+
+    /// Appends the lines to a card's column. They reach a little beyond it on both sides, for the hovered
+    /// line's shade, and upwards, where the first line's own height keeps its text clear of the title.
+    void addTo(QVBoxLayout* column);
+
+    /// Marks something else that copies these lines, under a key that is no label.
+    void setMark(std::string key) { m_mark.set(std::move(key)); }
+    bool isMarked(std::string_view key) const { return m_mark.isOn(key); }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
+Q_SIGNALS:
+    void markChanged();
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    std::vector<ResultLine*> takeLinesFor(std::span<const ResultRow> rows);
+    ResultLine* makeLine();
+    void showMark();
+    void place();
+
+    std::vector<ResultRow> m_rows;
+    std::vector<ResultLine*> m_lines; ///< The shown ones, in order, then hidden spare ones.
+    CopyMark m_mark;
+};
+
+} // namespace zelta
