@@ -1,0 +1,212 @@
+"""The program as a person has it: found on the accessibility bus by its words, driven by keys and mouse."""
+
+import os
+import pathlib
+import signal
+import subprocess
+import time
+
+import desktop
+
+Role = None  # pyatspi may be loaded only once a desktop's environment is in force, see load()
+_atspi = None
+
+
+def load(environment):
+    """Connects this process to the desktop's accessibility bus. Nothing is cached: what is read is what is shown."""
+    global Role, _atspi
+    os.environ.update(environment)
+    time.tzset()
+    import pyatspi
+    from gi.repository import Atspi
+
+    Role, _atspi = Atspi.Role, Atspi
+    pyatspi.Registry.getDesktop(0).set_cache_mask(Atspi.Cache.NONE)
+
+
+class Item:
+    """One thing on the screen."""
+
+    def __init__(self, accessible):
+        self._accessible = accessible
+
+    @property
+    def name(self):
+        return self._accessible.get_name() or ""
+
+    @property
+    def description(self):
+        return self._accessible.get_description() or ""
+
+    @property
+    def role(self):
+        return self._accessible.get_role_name()
+
+    @property
+    def text(self):
+        """What a text field or text view holds."""
+        content = self._accessible.get_text_iface()
+        return content.get_text(0, content.get_character_count()) if content else ""
+
+    @property
+    def children(self):
+        accessibles = (self._accessible.get_child_at_index(i) for i in range(self._accessible.get_child_count()))
+        return [Item(accessible) for accessible in accessibles if accessible]
+
+    @property
+    def frame(self):
+        """Left, top, width and height on the screen."""
+        box = self._accessible.get_extents(_atspi.CoordType.SCREEN)
+        return box.x, box.y, box.width, box.height
+
+    @property
+    def centre(self):
+        left, top, width, height = self.frame
+        return left + width // 2, top + height // 2
+
+    @property
+    def states(self):
+        return {state.value_nick for state in self._accessible.get_state_set().get_states()}
+
+    def has(self, state):
+        return state in self.states
+
+    def walk(self):
+        """Itself and everything below it that is showing, in the order of the screen reader."""
+        if self.has("showing"):
+            yield self
+            for child in self.children:
+                yield from child.walk()
+
+    def __repr__(self):
+        return f"{self.role} “{self.name}”"
+
+
+class Program:
+    """One run of the program. `words` are looked for in names first, then in what text fields hold."""
+
+    def __init__(self, screen, arguments=(), **environment):
+        self.screen = screen
+        self.log = open(screen.folder / "program.log", "a+")
+        command = [os.environ["ZELTA_PROGRAM"], *arguments]
+        self.process = desktop.start(
+            command, env=screen.environment | environment, stdout=self.log, stderr=self.log, stdin=subprocess.DEVNULL
+        )
+        desktop.wait_for(self.window, "the program's window on the accessibility bus", 30)
+        self.wait_until_focused()
+
+    def wait_until_focused(self):
+        """Keys sent before the window manager has given us the focus would go nowhere."""
+        desktop.wait_for(lambda: self.root() and self.root().has("active"), "the window in front", 30)
+
+    # What is there
+
+    def _application(self):
+        everything = _atspi.get_desktop(0)
+        for index in range(everything.get_child_count()):
+            application = everything.get_child_at_index(index)
+            if application and application.get_process_id() == self.process.pid:
+                return Item(application)
+        return None
+
+    def windows(self):
+        """Every window that shows, dialogs, menus and popovers among them; the newest last."""
+        application = self._application()
+        return [window for window in application.children if window.has("showing")] if application else []
+
+    def root(self):
+        """The main window."""
+        return next((window for window in self.windows() if window.role == "frame"), None)
+
+    window = root
+
+    def shown(self):
+        """Everything on the screen, of all windows."""
+        return [item for window in self.windows() for item in window.walk()]
+
+    def find(self, words, role=None, within=None):
+        """The first thing that shows and is called `words`, or nothing."""
+        for item in within.walk() if within else self.shown():
+            if item.name == words and role in (None, item.role):
+                return item
+        return None
+
+    def texts(self, within=None):
+        """Every word on the screen: names of things, and what text fields hold."""
+        items = within.walk() if within else self.shown()
+        return [text for item in items for text in dict.fromkeys((item.name, item.text)) if text]
+
+    def focused(self):
+        """What the keyboard talks to."""
+        return next((item for item in self.shown() if item.has("focused")), None)
+
+    # Waiting
+
+    def wait(self, words, role=None, seconds=10, within=None):
+        """Waits until something called `words` shows."""
+        return desktop.wait_for(lambda: self.find(words, role, within), f"“{words}” on the screen", seconds)
+
+    def wait_gone(self, words, role=None, seconds=10):
+        desktop.wait_for(lambda: not self.find(words, role), f"“{words}” gone from the screen", seconds)
+
+    def wait_text(self, words, seconds=10):
+        """Waits until `words` can be read anywhere, in a text field too."""
+        desktop.wait_for(lambda: words in self.texts(), f"“{words}” to read", seconds)
+
+    # Doing
+
+    def key(self, *names):
+        """Presses keys by their X names: "Return", "ctrl+1"."""
+        self.screen.run(["xdotool", "key", "--delay", "15", *names])
+
+    def type(self, text):
+        """Types Latin text. Other scripts are pasted, see `paste`: the test's keyboard has no keys for them."""
+        self.screen.run(["xdotool", "type", "--delay", "15", text])
+
+    def paste(self, text):
+        self.screen.set_clipboard(text)
+        desktop.wait_for(lambda: self.screen.clipboard() == text, "the text to paste")
+        self.key("ctrl+v")
+
+    def click(self, thing, role=None, button=1, within=None):
+        """Clicks in the middle of something, given by its words or found already."""
+        item = thing if isinstance(thing, Item) else self.wait(thing, role, within=within)
+        x, y = item.centre
+        self.screen.run(["xdotool", "mousemove", "--sync", str(x), str(y), "click", str(button)])
+        return item
+
+    def fill(self, name, text):
+        """Clicks a text field, empties it and types into it."""
+        self.click(name, "text")
+        desktop.wait_for(lambda: self.find(name, "text").has("focused"), f"the focus in “{name}”")
+        self.key("ctrl+a", "BackSpace")
+        self.type(text)
+        desktop.wait_for(lambda: self.find(name, "text").text == text, f"“{text}” in “{name}”")
+
+    def go(self, title):
+        """Shows a page by its menu shortcut, as the "Go" menu lists them."""
+        pages = ["Calculator", "Percentage", "Converter", "Calendar", "Notes", "Days Between", "History", "Settings"]
+        self.key(f"ctrl+{pages.index(title) + 1}")
+        desktop.wait_for(lambda: title in self.root().name, f"the window called “{title}”")
+
+    # Ending
+
+    def kill(self):
+        """Pulls the plug: SIGKILL, nothing can be saved any more."""
+        self.process.kill()
+        self.process.wait()
+
+    def end(self, how=signal.SIGTERM):
+        """Asks politely, and gives the exit status."""
+        self.process.send_signal(how)
+        return self.process.wait(10)
+
+    def close(self):
+        if self.process.poll() is None:
+            self.kill()
+        self.log.close()
+
+
+def database(screen):
+    """Where the program keeps everything unless told otherwise."""
+    return pathlib.Path(screen.environment["HOME"]) / ".local/share/Zelta Basic/zelta-basic.sqlite"

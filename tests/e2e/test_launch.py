@@ -1,0 +1,60 @@
+"""The command line: what it takes, and what it says to what it does not."""
+
+import os
+import pathlib
+import subprocess
+
+import program
+import scenario
+
+
+class Launch(scenario.Scenario):
+    def answer(self, *arguments):
+        """Runs the program to its end. Gives exit status, standard output and standard error."""
+        command = [os.environ["ZELTA_PROGRAM"], *arguments]
+        done = subprocess.run(command, env=self.screen.environment, capture_output=True, text=True, timeout=20)
+        return done.returncode, done.stdout, done.stderr
+
+    def test_an_unknown_option_is_one_line_and_exit_status_2(self):
+        for option in ["--no-such-thing", "-x", "stray"]:
+            status, output, error = self.answer(option)
+            self.assertEqual((status, output), (2, ""), option)
+            self.assertEqual(len(error.splitlines()), 1, error)
+            self.assertIn(option, error)
+        self.assertFalse(program.database(self.screen).exists())
+
+    def test_version_is_one_line(self):
+        status, output, error = self.answer("--version")
+        self.assertEqual((status, error), (0, ""))
+        self.assertRegex(output, r"^Zelta Basic \d+\.\d+\.\d+\n$")
+
+    def test_help_names_every_option(self):
+        status, output, error = self.answer("--help")
+        self.assertEqual((status, error), (0, ""))
+        for option in ["-ZeltaBasicDatabase", "--version", "--help"]:
+            self.assertIn(option, output)
+
+    def test_a_database_argument_without_value_is_one_line_and_the_default_place(self):
+        app = self.start("-ZeltaBasicDatabase")
+        app.wait("Calculator")
+        self.assertTrue(program.database(self.screen).exists())
+        complaints = pathlib.Path(app.log.name).read_text().splitlines()
+        self.assertEqual(len(complaints), 1, complaints)
+        self.assertIn("-ZeltaBasicDatabase", complaints[0])
+
+    def test_the_last_database_argument_wins_and_a_tilde_is_the_home_folder(self):
+        home = pathlib.Path(self.screen.environment["HOME"])
+        app = self.start("-ZeltaBasicDatabase", str(home / "one.sqlite"), "-ZeltaBasicDatabase", "~/two.sqlite")
+        app.go("Settings")
+        self.assertTrue((home / "two.sqlite").exists())
+        self.assertFalse((home / "one.sqlite").exists())
+        self.assertFalse(program.database(self.screen).exists())
+
+    def test_the_data_folder_is_for_its_owner_only(self):
+        self.start()
+        folder = program.database(self.screen).parent
+        self.assertEqual(folder.stat().st_mode & 0o777, 0o700)
+
+
+if __name__ == "__main__":
+    scenario.main()
