@@ -81,23 +81,26 @@ void Label::paintEvent(QPaintEvent* event)
     layout.draw(&painter, {});
 }
 
-/// Text and secondary text have palette roles of their own and cost nothing; the inks are set on the label.
+/// Text and secondary text have palette roles of their own and cost nothing; the inks are set on the label. Each step
+/// is skipped when it changes nothing, because it announces a palette change that leads here again.
 void Label::applyToken()
 {
-    if (m_token == Theme::Token::text) {
-        setForegroundRole(QPalette::WindowText);
-    } else if (m_token == Theme::Token::textSecondary) {
-        setForegroundRole(QPalette::PlaceholderText);
-    } else {
-        setForegroundRole(QPalette::WindowText);
-        QColor color = Theme::color(m_token);
-        color.setAlphaF(m_opacity);
-        if (palette().color(QPalette::WindowText) == color)
-            return;
-        QPalette own;
-        own.setColor(QPalette::WindowText, color);
-        setPalette(own);
+    const bool secondary = m_token == Theme::Token::textSecondary;
+    const QPalette::ColorRole role = secondary ? QPalette::PlaceholderText : QPalette::WindowText;
+    if (foregroundRole() != role)
+        setForegroundRole(role);
+    if (secondary || m_token == Theme::Token::text) {
+        if (testAttribute(Qt::WA_SetPalette))
+            setPalette(QPalette());
+        return;
     }
+    QColor color = Theme::color(m_token);
+    color.setAlphaF(m_opacity);
+    if (palette().color(role).rgba() == color.rgba())
+        return;
+    QPalette own;
+    own.setColor(role, color);
+    setPalette(own);
 }
 
 /// The height of the text in lines of `m_lineHeight`.

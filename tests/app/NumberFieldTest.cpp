@@ -1,0 +1,83 @@
+#include "app/components/NumberField.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace zelta;
+
+namespace {
+
+/// A field as a page makes it, shown, so that "visible" means what a person sees.
+class NumberFieldTest : public testing::Test
+{
+protected:
+    NumberFieldTest()
+    {
+        field.setPlaceholder(QStringLiteral("0"));
+        field.show();
+    }
+
+    void type(const char* keys)
+    {
+        field.field()->selectAll();
+        QTest::keyClicks(field.field(), QString::fromUtf8(keys));
+    }
+
+    NumberField field {QStringLiteral("Value X"), QStringLiteral("The part, or the starting point")};
+};
+
+} // namespace
+
+TEST_F(NumberFieldTest, WarnsExactlyWhileTheTextIsNoNumber)
+{
+    EXPECT_FALSE(field.showsWarning());
+    type("abc");
+    EXPECT_TRUE(field.showsWarning());
+    type("1,5");
+    EXPECT_FALSE(field.showsWarning());
+    type("-");
+    EXPECT_TRUE(field.showsWarning());
+    type("15%");
+    EXPECT_FALSE(field.showsWarning());
+}
+
+TEST_F(NumberFieldTest, TakesABlankTextForUnfinishedNotForAMistake)
+{
+    type("abc");
+    field.field()->selectAll();
+    QTest::keyClick(field.field(), Qt::Key_Delete);
+    EXPECT_FALSE(field.showsWarning());
+    type("   ");
+    EXPECT_FALSE(field.showsWarning());
+}
+
+TEST_F(NumberFieldTest, WarnsOfATextThatThePageSets)
+{
+    field.setText(QStringLiteral("nothing"));
+    EXPECT_TRUE(field.showsWarning());
+    field.setText({});
+    EXPECT_FALSE(field.showsWarning());
+}
+
+TEST_F(NumberFieldTest, TellsOfTypingOnly)
+{
+    const QSignalSpy edited(&field, &NumberField::textEdited);
+    field.setText(QStringLiteral("5"));
+    EXPECT_EQ(edited.count(), 0);
+    type("7");
+    ASSERT_EQ(edited.count(), 1);
+    EXPECT_EQ(edited.front().front().toString(), QStringLiteral("7"));
+}
+
+TEST_F(NumberFieldTest, HasTheGivenWidthAndWords)
+{
+    EXPECT_EQ(field.field()->width(), 84);
+    field.setFieldWidth(200);
+    EXPECT_EQ(field.field()->width(), 200);
+    EXPECT_EQ(field.field()->accessibleName(), QStringLiteral("Value X"));
+    EXPECT_EQ(field.field()->accessibleDescription(), QStringLiteral("The part, or the starting point"));
+    EXPECT_EQ(field.field()->placeholderText(), QStringLiteral("0"));
+}
