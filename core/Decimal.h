@@ -45,6 +45,12 @@ public:
     /// from zero. Nothing for any other text and for a value out of range.
     static constexpr std::optional<Decimal> fromText(std::string_view text);
 
+    /// ±mantissa × 10^exponent, rounded where the mantissa has more than 38 digits.
+    static constexpr Decimal fromParts(bool negative, UInt128 mantissa, int exponent)
+    {
+        return nearest(negative, mantissa, exponent);
+    }
+
     /// False after an overflow or a division by zero.
     [[nodiscard]] constexpr bool isRepresentable() const { return !m_outOfRange; }
     [[nodiscard]] constexpr bool isZero() const { return m_mantissa == 0 && !m_outOfRange; }

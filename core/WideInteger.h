@@ -54,10 +54,10 @@ constexpr int bitWidth(UInt128 value)
     return static_cast<int>(high != 0 ? 64 + std::bit_width(high) : std::bit_width(lowHalf(value)));
 }
 
-/// Number of decimal digits: 0 for 0, 1 for 9, 2 for 10. The value is below 10^38 × 2.
+/// Number of decimal digits: 0 for 0, 1 for 9, 2 for 10.
 constexpr int digitCount(UInt128 value)
 {
-    // 1233 / 4096 is just above log10(2): the guess is exact or one too small.
+    // 1233 / 4096 is log10(2) closely enough: for up to 128 bits the guess is exact or one too small.
     const int guess = bitWidth(value) * 1233 >> 12;
     return guess + (value >= powerOfTen(guess) ? 1 : 0);
 }
