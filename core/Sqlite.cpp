@@ -70,7 +70,7 @@ void Connection::Close::operator()(sqlite3* handle) const
     sqlite3_close_v2(handle);
 }
 
-Connection Connection::open(const std::string& path, int lockTimeout)
+Connection Connection::open(const std::string& path)
 {
     sqlite3* handle = nullptr;
     const int result = sqlite3_open_v2(
@@ -81,8 +81,27 @@ Connection Connection::open(const std::string& path, int lockTimeout)
         throw StoreError {StoreError::Kind::open, "unknown"};
     if (result != SQLITE_OK)
         throw StoreError {StoreError::Kind::open, sqlite3_errmsg(handle)};
-    sqlite3_busy_timeout(handle, lockTimeout);
     return connection;
+}
+
+void Connection::waitForLocks(int milliseconds)
+{
+    sqlite3_busy_timeout(m_handle.get(), milliseconds);
+}
+
+void Connection::useWriteAheadLog(int milliseconds)
+{
+    constexpr int pause = 10;
+    for (int waited = 0;; waited += pause) {
+        try {
+            execute("PRAGMA journal_mode = WAL;");
+            return;
+        } catch (const StoreError&) {
+            if (sqlite3_errcode(m_handle.get()) != SQLITE_BUSY || waited >= milliseconds)
+                throw;
+            sqlite3_sleep(pause);
+        }
+    }
 }
 
 void Connection::execute(const std::string& script)

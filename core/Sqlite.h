@@ -36,7 +36,6 @@ public:
     void bind(int parameter, std::int64_t value);
     void bind(int parameter, double value);
 
-    /// A lock held elsewhere is waited for, as long as the connection was told to.
     Step step();
 
     /// Columns of the current row. A NULL reads as "", 0 or 0.0. The text lives until the next step.
@@ -60,11 +59,19 @@ public:
     Connection() = default;
 
     /// Opens, and creates when missing, for reading and writing in serialized mode. `path` is absolute UTF-8
-    /// or ":memory:". Statements wait up to `lockTimeout` milliseconds for a lock. Throws StoreError.
-    static Connection open(const std::string& path, int lockTimeout);
+    /// or ":memory:". A lock held elsewhere fails a statement at once, until `waitForLocks`. Throws
+    /// StoreError.
+    static Connection open(const std::string& path);
+
+    /// Lets every statement from now on wait for a lock, for at most so many milliseconds.
+    void waitForLocks(int milliseconds);
 
     /// Runs a script without parameters. Throws StoreError.
     void execute(const std::string& script);
+
+    /// Switches to a write-ahead log, trying for at most so many milliseconds: where two connections want
+    /// this of a new file at once the engine refuses one of them without waiting. Throws StoreError.
+    void useWriteAheadLog(int milliseconds);
 
     /// Compiles one statement. Throws StoreError.
     Statement prepare(std::string_view sql);

@@ -100,8 +100,9 @@ Store::Store(std::optional<std::filesystem::path> location)
 
 void Store::open(const std::string& path)
 {
-    m_connection = sqlite::Connection::open(path, lockTimeout);
-    m_connection.execute("PRAGMA journal_mode = WAL;");
+    m_connection = sqlite::Connection::open(path);
+    m_connection.useWriteAheadLog(lockTimeout);
+    m_connection.waitForLocks(lockTimeout);
     m_connection.execute("PRAGMA synchronous = NORMAL;");
     m_connection.execute("PRAGMA foreign_keys = ON;");
     m_connection.execute(schema);
