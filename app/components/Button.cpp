@@ -152,6 +152,11 @@ bool Button::isConfirming() const
     return m_confirmation.has_value();
 }
 
+Button::Look Button::look() const
+{
+    return m_look;
+}
+
 double Button::cornerRadius() const
 {
     return m_size == Size::small ? Metric::smallRadius : Metric::controlRadius;

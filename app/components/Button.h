@@ -52,6 +52,7 @@ protected:
     void paintSurface(QPainter& painter) const;
     QColor inkColor() const;
     bool isConfirming() const;
+    Look look() const;
     double cornerRadius() const;
 
     /// The button's own symbol, or a check mark while it confirms.

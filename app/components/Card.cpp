@@ -20,7 +20,7 @@ Card::Card(QWidget* parent)
                                Metric::cardPadding);
     column->setSpacing(0);
     m_content->setSpacing(0);
-    column->addLayout(m_content);
+    column->addLayout(m_content, 1); // a card that is made taller keeps its title row at the top
 }
 
 Card::Card(const QString& title, std::string_view symbol, QWidget* parent)

@@ -12,7 +12,10 @@ IconButton::IconButton(std::string_view symbol, const QString& help, QWidget* pa
 {
     setLook(Look::borderless);
     setHelp(help);
-    setInk([this] { return Theme::color(underMouse() ? Theme::Token::text : Theme::Token::textSecondary); });
+    setInk([this] {
+        const bool prominent = underMouse() || this->look() == Look::bordered;
+        return Theme::color(prominent ? Theme::Token::text : Theme::Token::textSecondary);
+    });
 }
 
 void IconButton::setHelp(const QString& help)

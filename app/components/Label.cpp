@@ -81,8 +81,8 @@ void Label::paintEvent(QPaintEvent* event)
     layout.draw(&painter, {});
 }
 
-/// Text and secondary text have palette roles of their own and cost nothing; the inks are set on the label. Each step
-/// is skipped when it changes nothing, because it announces a palette change that leads here again.
+/// Text and secondary text have palette roles of their own and cost nothing; the inks are set on the label.
+/// Each step is skipped when it changes nothing, because it announces a palette change that leads here again.
 void Label::applyToken()
 {
     const bool secondary = m_token == Theme::Token::textSecondary;

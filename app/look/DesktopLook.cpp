@@ -1,0 +1,72 @@
+#include "app/look/DesktopLook.h"
+
+#include "app/look/SettingsPortal.h"
+#include "app/look/Style.h"
+#include "app/look/Theme.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPixmapCache>
+#include <QToolTip>
+
+namespace zelta {
+
+namespace {
+
+bool isOurs(const QPalette& palette)
+{
+    return palette.color(QPalette::Window) == Theme::color(Theme::Token::page)
+        && palette.color(QPalette::WindowText) == Theme::color(Theme::Token::text);
+}
+
+} // namespace
+
+DesktopLook::DesktopLook(QApplication& application)
+    : QObject(&application)
+    , m_portal(new SettingsPortal(this))
+{
+    m_paletteIsDark = Theme::appearance() == Theme::Appearance::dark;
+    m_isApplying = true;
+    QApplication::setFont(Theme::baseFont(QApplication::font()));
+    QApplication::setStyle(new Style);
+    m_isApplying = false;
+    const QFont menu = Theme::font(Theme::FontRole::menu);
+    QApplication::setFont(menu, "QMenuBar");
+    QApplication::setFont(menu, "QMenu");
+    QApplication::setFont(Theme::font(Theme::FontRole::control), "QPushButton");
+    QToolTip::setFont(Theme::font(Theme::FontRole::caption));
+    apply();
+    application.installEventFilter(this);
+    connect(m_portal, &SettingsPortal::colorSchemeChanged, this, &DesktopLook::apply);
+}
+
+bool DesktopLook::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == parent() && !m_isApplying)
+        readDesktopPalette();
+    return QObject::eventFilter(watched, event);
+}
+
+/// Our palette hides the desktop's: where it still stands, it is taken off to see what the desktop says now.
+void DesktopLook::readDesktopPalette()
+{
+    m_isApplying = true;
+    if (isOurs(QGuiApplication::palette()))
+        QApplication::setPalette(QPalette());
+    m_paletteIsDark = Theme::appearance() == Theme::Appearance::dark;
+    m_isApplying = false;
+    apply();
+}
+
+void DesktopLook::apply()
+{
+    const bool dark = m_paletteIsDark || m_portal->colorScheme() == SettingsPortal::ColorScheme::preferDark;
+    const QPalette palette = Theme::palette(dark ? Theme::Appearance::dark : Theme::Appearance::light);
+    m_isApplying = true;
+    QPixmapCache::clear();
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
+    m_isApplying = false;
+}
+
+} // namespace zelta

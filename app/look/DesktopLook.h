@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+
+class QApplication;
+
+namespace zelta {
+
+class SettingsPortal;
+
+/// Dresses the application: style, fonts, palette; light or dark as the desktop is, also while the program
+/// runs.
+///
+/// The desktop says so by the palette that Qt starts with or changes to; where that palette is light because
+/// nobody has set one, by the settings portal, which is asked after the start and never waited for.
+class DesktopLook : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit DesktopLook(QApplication& application);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void readDesktopPalette();
+    void apply();
+
+    bool m_paletteIsDark = false;
+    bool m_isApplying = false;
+    SettingsPortal* m_portal;
+};
+
+} // namespace zelta

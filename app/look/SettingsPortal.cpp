@@ -1,0 +1,83 @@
+#include "app/look/SettingsPortal.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QFile>
+
+namespace zelta {
+
+namespace {
+
+const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
+const auto colorSchemeKey = QStringLiteral("color-scheme");
+
+/// Without an address the bus library would start a bus of its own, which is slow and useless.
+bool hasSessionBus()
+{
+    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
+        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+}
+
+} // namespace
+
+SettingsPortal::SettingsPortal(QObject* parent)
+    : QObject(parent)
+{
+    if (hasSessionBus())
+        QMetaObject::invokeMethod(this, &SettingsPortal::ask, Qt::QueuedConnection);
+}
+
+SettingsPortal::ColorScheme SettingsPortal::colorScheme() const
+{
+    return m_colorScheme;
+}
+
+void SettingsPortal::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
+{
+    if (group == appearanceGroup && key == colorSchemeKey)
+        setColorScheme(value.variant());
+}
+
+void SettingsPortal::ask()
+{
+    const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
+    const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    // No sender's name: resolving one would wait for the bus.
+    bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
+                SLOT(settingChanged(QString, QString, QDBusVariant)));
+    QDBusMessage question = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
+                                                           path, interface, QStringLiteral("Read"));
+    question << appearanceGroup << colorSchemeKey;
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, &SettingsPortal::readAnswer);
+}
+
+void SettingsPortal::readAnswer(QDBusPendingCallWatcher* watcher)
+{
+    watcher->deleteLater();
+    const QDBusPendingReply<QDBusVariant> reply = *watcher;
+    if (reply.isError())
+        return;
+    // Old portals wrap the value twice.
+    QVariant value = reply.value().variant();
+    if (value.canConvert<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    setColorScheme(value);
+}
+
+void SettingsPortal::setColorScheme(const QVariant& value)
+{
+    bool isNumber = false;
+    const uint number = value.toUInt(&isNumber);
+    const auto scheme
+        = isNumber && number <= 2 ? static_cast<ColorScheme>(number) : ColorScheme::noPreference;
+    if (scheme == m_colorScheme)
+        return;
+    m_colorScheme = scheme;
+    Q_EMIT colorSchemeChanged();
+}
+
+} // namespace zelta

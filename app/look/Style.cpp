@@ -1,0 +1,258 @@
+#include "app/look/Style.h"
+
+#include "app/look/StyleParts.h"
+#include "app/look/Surface.h"
+#include "app/look/SymbolIconEngine.h"
+#include "app/look/Theme.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+namespace zelta {
+
+using Theme::Token;
+
+Style::Style()
+    : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+{ }
+
+int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    switch (metric) {
+    case PM_MenuBarPanelWidth:
+    case PM_MenuBarItemSpacing:
+    case PM_MenuPanelWidth:
+    case PM_MenuDesktopFrameWidth:
+        return 0;
+    case PM_MenuBarHMargin:
+        return 6;
+    case PM_MenuBarVMargin:
+        return 4;
+    case PM_MenuHMargin:
+    case PM_MenuVMargin:
+        return StyleParts::menuPadding;
+    case PM_ScrollBarExtent:
+        return Metric::scrollBarWidth;
+    case PM_SplitterWidth:
+        return 1;
+    case PM_LineEditIconSize:
+        return 16;
+    case PM_ToolTipLabelFrameWidth:
+        return 5;
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+        return 0;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                     QStyleHintReturn* returnData) const
+{
+    switch (hint) {
+    case SH_Menu_Mask:
+        if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(returnData); mask && option)
+            mask->region = StyleParts::popupMask(option->rect, Metric::rowRadius);
+        return 1;
+    case SH_ToolTip_Mask:
+        if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(returnData); mask && option)
+            mask->region = StyleParts::popupMask(option->rect, Metric::tipRadius);
+        return 1;
+    case SH_ToolTipLabel_Opacity:
+        return 255;
+    case SH_ComboBox_Popup:
+    case SH_EtchDisabledText:
+    case SH_UnderlineShortcut:
+    case SH_Widget_Animation_Duration:
+    case SH_Menu_SubMenuPopupDelay:
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+}
+
+QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                              const QWidget* widget) const
+{
+    switch (type) {
+    case CT_MenuBarItem:
+        return {contents.width() + 2 * StyleParts::menuBarItemPadding,
+                Metric::menuBarHeight - 2 * pixelMetric(PM_MenuBarVMargin, option, widget)};
+    case CT_MenuItem:
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+            constexpr int separatorHeight = 11;
+            if (item->menuItemType == QStyleOptionMenuItem::Separator)
+                return {contents.width(), separatorHeight};
+            const int shortcut = item->reservedShortcutWidth;
+            const int gap = shortcut > 0 ? StyleParts::shortcutGap : 0;
+            return {contents.width() + shortcut + gap + 2 * StyleParts::menuItemPadding,
+                    Metric::menuItemHeight};
+        }
+        return contents;
+    case CT_LineEdit:
+        return {contents.width(), Metric::fieldHeight};
+    case CT_PushButton: {
+        constexpr int padding = 12;
+        return {contents.width() + 2 * padding, Metric::buttonHeight};
+    }
+    default:
+        return QProxyStyle::sizeFromContents(type, option, contents, widget);
+    }
+}
+
+QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl subControl,
+                            const QWidget* widget) const
+{
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control != CC_ScrollBar || !slider)
+        return QProxyStyle::subControlRect(control, option, subControl, widget);
+    const bool vertical = slider->orientation == Qt::Vertical;
+    const QRect handle = StyleParts::scrollHandle(*slider);
+    QRect area = option->rect;
+    switch (subControl) {
+    case SC_ScrollBarSlider:
+        return handle;
+    case SC_ScrollBarGroove:
+        return area;
+    case SC_ScrollBarSubPage:
+        vertical ? area.setBottom(handle.top() - 1) : area.setRight(handle.left() - 1);
+        return area;
+    case SC_ScrollBarAddPage:
+        vertical ? area.setTop(handle.bottom() + 1) : area.setLeft(handle.right() + 1);
+        return area;
+    default:
+        return {}; // no arrow buttons
+    }
+}
+
+QRect Style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const
+{
+    constexpr int fieldPadding = 8; // Qt's line edit adds 2 of its own
+    constexpr int narrowPadding = 2;
+    constexpr int narrowField = 80;
+    if (element == SE_LineEditContents) {
+        const int padding = option->rect.width() < narrowField ? narrowPadding : fieldPadding;
+        return option->rect.adjusted(padding, 1, -padding, -1);
+    }
+    if (element == SE_PushButtonFocusRect)
+        return option->rect;
+    return QProxyStyle::subElementRect(element, option, widget);
+}
+
+QIcon Style::standardIcon(StandardPixmap pixmap, const QStyleOption* option, const QWidget* widget) const
+{
+    if (pixmap == SP_LineEditClearButton)
+        return symbolIcon("cross-circle-filled", Token::textSecondary);
+    return QProxyStyle::standardIcon(pixmap, option, widget);
+}
+
+void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                          const QWidget* widget) const
+{
+    switch (element) {
+    case PE_PanelMenu:
+        StyleParts::drawPopup(*painter, option->rect);
+        return;
+    case PE_FrameMenu:
+    case PE_PanelMenuBar:
+    case PE_FrameStatusBarItem:
+    case PE_FrameLineEdit:
+        return;
+    case PE_PanelTipLabel:
+        StyleParts::drawTip(*painter, option->rect);
+        return;
+    case PE_PanelLineEdit:
+        // A frameless field draws on what is below it.
+        if (const auto* field = qobject_cast<const QLineEdit*>(widget); !field || field->hasFrame())
+            StyleParts::drawField(*painter, option->rect, option->state.testFlag(State_HasFocus));
+        return;
+    case PE_FrameFocusRect:
+        if (option->state.testFlag(State_KeyboardFocusChange))
+            Surface::drawFocusRing(*painter, option->rect, Metric::controlRadius);
+        return;
+    case PE_Frame:
+        if (widget && widget->inherits("QComboBoxPrivateContainer")) {
+            StyleParts::drawPopup(*painter, option->rect);
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                        const QWidget* widget) const
+{
+    switch (element) {
+    case CE_MenuBarEmptyArea:
+        painter->fillRect(option->rect, Theme::color(Token::chrome));
+        return;
+    case CE_MenuBarItem:
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+            StyleParts::drawMenuBarItem(*painter, *item);
+            return;
+        }
+        break;
+    case CE_MenuItem:
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+            StyleParts::drawMenuItem(*painter, *item);
+            return;
+        }
+        break;
+    case CE_MenuEmptyArea:
+    case CE_MenuHMargin:
+    case CE_MenuVMargin:
+        return;
+    case CE_PushButtonBevel:
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+            StyleParts::drawPushButton(*painter, *button);
+            return;
+        }
+        break;
+    case CE_Splitter:
+        painter->fillRect(option->rect, Theme::color(Token::outline));
+        return;
+    case CE_ShapedFrame:
+        if (widget && widget->inherits("QComboBoxPrivateContainer")) {
+            StyleParts::drawPopup(*painter, option->rect);
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                               const QWidget* widget) const
+{
+    if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+        control == CC_ScrollBar && slider)
+        StyleParts::drawScrollBar(*painter, *slider);
+    else
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+void Style::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (qobject_cast<QPushButton*>(widget))
+        widget->setAttribute(Qt::WA_Hover);
+    if (widget->inherits("QComboBoxPrivateContainer")) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, Qt::transparent);
+        widget->setPalette(palette);
+    }
+}
+
+} // namespace zelta

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace zelta {
+
+/// Draws Qt's own widgets in the theme's look: menu bar, menus, tool tips, text fields, buttons, scroll bars,
+/// splitter handles, focus rings. Everything it does not know is left to the style below. Colours are read
+/// while painting.
+class Style : public QProxyStyle
+{
+    Q_OBJECT
+
+public:
+    Style();
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returnData) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl subControl,
+                         const QWidget* widget) const override;
+    QRect subElementRect(SubElement element, const QStyleOption* option,
+                         const QWidget* widget) const override;
+    QIcon standardIcon(StandardPixmap pixmap, const QStyleOption* option,
+                       const QWidget* widget) const override;
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
+
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
+};
+
+} // namespace zelta

@@ -1,0 +1,39 @@
+#pragma once
+
+class QPainter;
+class QRectF;
+class QStyleOptionButton;
+class QStyleOptionMenuItem;
+class QStyleOptionSlider;
+
+#include <QRect>
+#include <QRegion>
+
+namespace zelta {
+
+/// How Style draws its larger pieces.
+namespace StyleParts {
+
+constexpr int menuPadding = 5;
+constexpr int menuItemPadding = 10;
+constexpr int menuBarItemPadding = 8;
+constexpr int shortcutGap = 24;
+
+/// A pop-up's area: where it is cut, and what is painted there.
+QRegion popupMask(const QRect& rect, double radius);
+void drawPopup(QPainter& painter, const QRect& rect);
+
+void drawMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& option);
+void drawMenuItem(QPainter& painter, const QStyleOptionMenuItem& option);
+void drawTip(QPainter& painter, const QRect& rect);
+void drawField(QPainter& painter, const QRect& rect, bool focused);
+void drawPushButton(QPainter& painter, const QStyleOptionButton& option);
+
+/// The handle of a scroll bar, and where it lies: as long as its share of the track, at least a thumb's
+/// length.
+QRect scrollHandle(const QStyleOptionSlider& option);
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& option);
+
+} // namespace StyleParts
+
+} // namespace zelta
