@@ -12,13 +12,23 @@
 
 namespace zelta {
 
+namespace {
+
+constexpr int gap = 6;
+
+} // namespace
+
+int NumberField::fieldTop()
+{
+    return QFontMetrics(Theme::font(Theme::FontRole::captionMedium)).height() + gap;
+}
+
 NumberField::NumberField(const QString& label, const QString& explanation, QWidget* parent)
     : QWidget(parent)
     , m_field(new QLineEdit(this))
     , m_row(new QHBoxLayout)
     , m_warning(new WarningLine(QStringLiteral("Not a number"), "exclamationmark.circle.fill", this))
 {
-    constexpr int gap = 6;
     constexpr int suffixGap = 8;
     m_field->setFont(Theme::font(Theme::FontRole::field));
     m_field->setFixedSize(defaultWidth, Metric::fieldHeight);

@@ -20,6 +20,10 @@ class NumberField : public QWidget
 public:
     static constexpr int defaultWidth = 84;
 
+    /// How far below the top of a labelled field's widget the field itself begins: what stands beside it
+    /// without a label, such as a swap button, starts there.
+    static int fieldTop();
+
     /// `label` is the field's accessible name as well, `explanation` its description; an empty one is left
     /// out.
     NumberField(const QString& label, const QString& explanation, QWidget* parent = nullptr);
@@ -36,7 +40,7 @@ public:
     /// Whether "Not a number" is shown.
     bool showsWarning() const;
 
-    /// The field itself, for focus and for the swap button's place.
+    /// The field itself, for focus.
     QLineEdit* field() const;
 
 Q_SIGNALS:

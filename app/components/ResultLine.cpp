@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <QtMath>
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -57,6 +58,17 @@ Theme::Token valueToken(const ResultRow& row)
     if (row.tone == Tone::down)
         return Theme::Token::downInk;
     return row.weight == Weight::headline ? Theme::Token::accentInk : Theme::Token::text;
+}
+
+/// Whole pixels that hold the text; the font's own figure is fractional.
+int textWidth(const QFont& font, const QString& text)
+{
+    return qCeil(QFontMetricsF(font).horizontalAdvance(text));
+}
+
+QString elided(const QFont& font, const QString& text, Qt::TextElideMode mode, int width)
+{
+    return textWidth(font, text) <= width ? text : QFontMetrics(font).elidedText(text, mode, width);
 }
 
 /// Texts on one baseline: the room above and below it that they need together.
@@ -130,9 +142,8 @@ bool ResultLine::isHighlighted() const
 
 QSize ResultLine::sizeHint() const
 {
-    const int texts = QFontMetrics(m_labelFont).horizontalAdvance(m_label)
-        + QFontMetrics(m_noteFont).horizontalAdvance(m_note)
-        + m_value->fontMetrics().horizontalAdvance(m_valueText);
+    const int texts = textWidth(m_labelFont, m_label) + textWidth(m_noteFont, m_note)
+        + textWidth(m_value->font(), m_valueText);
     return {texts + 3 * gap + symbolSize + 2 * bleed, leastHeight(m_row.weight)};
 }
 
@@ -155,12 +166,9 @@ ResultLine::Arrangement ResultLine::arrange(int width) const
     const int left = bleed;
     const int right = std::max(left, width - bleed - symbolSize - gap);
     const int room = right - left;
-    const auto widthOf = [&](const QFontMetrics& metrics, const QString& text) {
-        return std::min(room, metrics.horizontalAdvance(text));
-    };
-    const int labelWidth = widthOf(labelMetrics, m_label);
-    const int noteWidth = widthOf(noteMetrics, m_note);
-    const int valueWidth = widthOf(valueMetrics, m_valueText);
+    const int labelWidth = std::min(room, textWidth(m_labelFont, m_label));
+    const int noteWidth = std::min(room, textWidth(m_noteFont, m_note));
+    const int valueWidth = std::min(room, textWidth(m_value->font(), m_valueText));
     const int labelTaken = m_label.isEmpty() ? 0 : labelWidth + gap;
     const int noteTaken = m_note.isEmpty() ? 0 : noteWidth + gap;
 
@@ -209,7 +217,7 @@ void ResultLine::place()
     const int oldHeight = m_places.height;
     m_places = arrange(width());
     m_value->setGeometry(m_places.value);
-    m_value->setText(m_value->fontMetrics().elidedText(m_valueText, Qt::ElideMiddle, m_places.value.width()));
+    m_value->setText(elided(m_value->font(), m_valueText, Qt::ElideMiddle, m_places.value.width()));
     if (m_places.height != oldHeight)
         updateGeometry();
 }
@@ -220,7 +228,7 @@ bool ResultLine::event(QEvent* event)
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const auto showElided = [&](const QString& text, const QFont& font, const QRect& place) {
-            if (!place.contains(help->pos()) || QFontMetrics(font).horizontalAdvance(text) <= place.width())
+            if (!place.contains(help->pos()) || textWidth(font, text) <= place.width())
                 return false;
             QToolTip::showText(help->globalPos(), text, this, place);
             return true;
@@ -330,11 +338,10 @@ void ResultLine::paintEvent(QPaintEvent* /*event*/)
     Surface::drawPress(painter, rect(), Metric::controlRadius,
                        hovered ? Surface::Press::hovered : Surface::Press::none);
     const auto drawText
-        = [&](const QString& text, const QRect& place, const QFont& font, Qt::TextElideMode elide) {
-              const QFontMetrics metrics(font);
+        = [&](const QString& text, const QRect& place, const QFont& font, Qt::TextElideMode mode) {
               painter.setFont(font);
-              painter.drawText(place.left(), place.top() + metrics.ascent(),
-                               metrics.elidedText(text, elide, place.width()));
+              painter.drawText(place.left(), place.top() + QFontMetrics(font).ascent(),
+                               elided(font, text, mode, place.width()));
           };
     painter.setPen(
         Theme::color(m_row.weight == Weight::detail ? Theme::Token::textSecondary : Theme::Token::text));

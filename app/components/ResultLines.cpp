@@ -20,30 +20,33 @@ const std::string& keyOf(const ResultRow& row)
     return row.label.empty() ? row.value : row.label;
 }
 
-constexpr int rise = 8; ///< How far the first line reaches up towards the card's title.
-
 /// Lets the lines take more room than the column gives them, which has its margins for texts.
 class BleedingItem final : public QWidgetItem
 {
 public:
-    explicit BleedingItem(QWidget* widget)
+    BleedingItem(QWidget* widget, int above, int below)
         : QWidgetItem(widget)
+        , m_above(above)
+        , m_below(below)
     { }
 
     void setGeometry(const QRect& rect) override
     {
-        QWidgetItem::setGeometry(rect.adjusted(-ResultLine::bleed, -rise, ResultLine::bleed, 0));
+        QWidgetItem::setGeometry(rect.adjusted(-ResultLine::bleed, -m_above, ResultLine::bleed, m_below));
     }
     QSize sizeHint() const override { return lowered(QWidgetItem::sizeHint()); }
     QSize minimumSize() const override { return lowered(QWidgetItem::minimumSize()); }
     QSize maximumSize() const override { return lowered(QWidgetItem::maximumSize()); }
     int heightForWidth(int width) const override
     {
-        return QWidgetItem::heightForWidth(width + 2 * ResultLine::bleed) - rise;
+        return QWidgetItem::heightForWidth(width + 2 * ResultLine::bleed) - m_above - m_below;
     }
 
 private:
-    QSize lowered(QSize size) const { return isEmpty() ? size : size - QSize(0, rise); }
+    QSize lowered(QSize size) const { return isEmpty() ? size : size - QSize(0, m_above + m_below); }
+
+    int m_above;
+    int m_below;
 };
 
 } // namespace
@@ -129,9 +132,9 @@ ResultLine* ResultLines::makeLine()
     return line;
 }
 
-void ResultLines::addTo(QVBoxLayout* column)
+void ResultLines::addTo(QVBoxLayout* column, int above, int below)
 {
-    column->addItem(new BleedingItem(this));
+    column->addItem(new BleedingItem(this, above, below));
 }
 
 void ResultLines::showMark()

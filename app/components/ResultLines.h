@@ -30,8 +30,9 @@ public:
     std::span<const ResultRow> rows() const { return m_rows; }
 
     /// Appends the lines to a card's column. They reach a little beyond it on both sides, for the hovered
-    /// line's shade, and upwards, where the first line's own height keeps its text clear of the title.
-    void addTo(QVBoxLayout* column);
+    /// line's shade, and `above` and `below` into the room around them, because a line is higher than its
+    /// text.
+    void addTo(QVBoxLayout* column, int above, int below);
 
     /// Marks something else that copies these lines, under a key that is no label.
     void setMark(std::string key) { m_mark.set(std::move(key)); }
