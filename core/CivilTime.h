@@ -1,7 +1,7 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
+#include <utility> // and with it <compare>, which Qt's moc cannot read on its own
 
 namespace zelta {
 

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/components/Label.h"
+
+#include <QSize>
+
+namespace zelta {
+
+/// A short word on a rounded fill: "Weekend", "Mon".
+class Tag final : public Label
+{
+    Q_OBJECT
+
+public:
+    struct Shape
+    {
+        Theme::FontRole role = Theme::FontRole::captionBold;
+        int sidePadding = 10;
+        int height = 25;
+        int minimumWidth = 0;
+        double radius = 12;
+    };
+
+    explicit Tag(const Shape& shape, QWidget* parent = nullptr);
+
+    /// `opacity` is that of the fill, 1 for a fill that is given as it is painted.
+    void setColors(Theme::Token ink, Theme::Token fill, double opacity = 1);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Shape m_shape;
+    Theme::Token m_fill = Theme::Token::inset;
+    double m_opacity = 1;
+};
+
+} // namespace zelta
