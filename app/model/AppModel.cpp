@@ -1,0 +1,160 @@
+#include "app/model/AppModel.h"
+
+#include "core/HistoryEntry.h"
+
+#include <QDir>
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+namespace zelta {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto autoSaveDelay = 1500ms;
+constexpr auto messageTime = 2000ms;
+constexpr std::string_view defaultWeekend = "sat-sun";
+
+std::string summaryOf(const std::vector<ResultRow>& rows)
+{
+    const auto headline = std::ranges::find(rows, Weight::headline, &ResultRow::weight);
+    return headline == rows.end() ? plainText(rows.front()) : headline->label + ": " + headline->value;
+}
+
+std::string_view presetName(std::string_view id)
+{
+    const auto presets = WeekendRule::presets();
+    const auto preset = std::ranges::find(presets, id, &WeekendRule::Preset::id);
+    return preset == presets.end() ? presets.front().name : preset->name;
+}
+
+} // namespace
+
+AppModel::AppModel(std::unique_ptr<Store> store, Clock& clock, QObject* parent)
+    : QObject(parent)
+    , m_store(std::move(store))
+    , m_clock(clock)
+    , m_selection(fromRawValue<Module>(m_store->setting("module").value_or("")).value_or(Module::calculator))
+    , m_weekendPresetID(m_store->setting("weekend").value_or(std::string(defaultWeekend)))
+    , m_use24Hour(m_store->setting("clock24", false))
+{ }
+
+std::unique_ptr<Store> AppModel::launchStore(const std::optional<std::string>& path)
+{
+    if (!path || path->find_first_not_of(" \t") == std::string::npos)
+        return std::make_unique<Store>(std::nullopt);
+    if (*path == "~" || path->starts_with("~/"))
+        return std::make_unique<Store>(QDir::homePath().toStdString() + path->substr(1));
+    return std::make_unique<Store>(*path);
+}
+
+WeekendRule AppModel::weekendRule() const
+{
+    return WeekendRule::forPresetId(m_weekendPresetID);
+}
+
+std::string AppModel::timeZoneIdentifier() const
+{
+    return CalendarKit::systemTimeZoneId();
+}
+
+Calendar AppModel::calendar() const
+{
+    return CalendarKit::calendar(timeZoneIdentifier());
+}
+
+Instant AppModel::today() const
+{
+    return CalendarKit::startOfDay(m_clock.now(), calendar());
+}
+
+std::string AppModel::clockText(Instant instant) const
+{
+    return m_use24Hour ? CalendarKit::clock(instant, calendar()) : CalendarKit::clock12(instant, calendar());
+}
+
+std::string AppModel::subtitle(Module module) const
+{
+    if (module != Module::settings)
+        return std::string(fixedSubtitle(module));
+    return std::string(presetName(m_weekendPresetID)) + (m_use24Hour ? ", 24-hour clock" : ", 12-hour clock");
+}
+
+void AppModel::setSelection(Module module)
+{
+    const bool changed = std::exchange(m_selection, module) != module;
+    if (changed)
+        Q_EMIT selectionChanged();
+    m_store->setSetting("module", rawValue(module));
+}
+
+void AppModel::setWeekendPresetID(const std::string& id)
+{
+    const bool changed = std::exchange(m_weekendPresetID, id) != id;
+    if (changed)
+        Q_EMIT weekendRuleChanged();
+    m_store->setSetting("weekend", std::string_view(id));
+}
+
+void AppModel::setUse24Hour(bool use24Hour)
+{
+    const bool changed = std::exchange(m_use24Hour, use24Hour) != use24Hour;
+    if (changed)
+        Q_EMIT use24HourChanged();
+    m_store->setSetting("clock24", use24Hour);
+}
+
+void AppModel::record(Module module, const std::string& title, const std::vector<ResultRow>& rows)
+{
+    if (rows.empty())
+        return;
+    write(module, title, rows);
+    setLastSaveMessage("Saved to history");
+    scheduleMessageReset();
+}
+
+void AppModel::autoRecord(Module module, const std::string& title, const std::vector<ResultRow>& rows)
+{
+    if (rows.empty())
+        return;
+    std::string detail = plainText(rows);
+    if (detail == m_lastAutoSavedDetail)
+        return;
+    m_autoSaveTask = m_clock.after(
+        autoSaveDelay,
+        [this, module, title, rows, detail = std::move(detail)] {
+            m_lastAutoSavedDetail = detail;
+            write(module, title, rows);
+        },
+        Clock::Purpose::save);
+}
+
+void AppModel::write(Module module, const std::string& title, const std::vector<ResultRow>& rows)
+{
+    m_store->addHistory(HistoryEntry {.createdAt = m_clock.now(),
+                                      .module = std::string(rawValue(module)),
+                                      .title = title,
+                                      .summary = summaryOf(rows),
+                                      .detail = plainText(rows)});
+    ++m_historyToken;
+    // Only the newest write's wait clears a message that is still shown.
+    if (m_lastSaveMessage)
+        scheduleMessageReset();
+    Q_EMIT historyTokenChanged();
+}
+
+void AppModel::setLastSaveMessage(std::optional<std::string> message)
+{
+    if (m_lastSaveMessage == message)
+        return;
+    m_lastSaveMessage = std::move(message);
+    Q_EMIT lastSaveMessageChanged();
+}
+
+void AppModel::scheduleMessageReset()
+{
+    m_messageReset = m_clock.after(messageTime, [this] { setLastSaveMessage(std::nullopt); });
+}
+
+} // namespace zelta

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QMenu>
+#include <QPointer>
+#include <functional>
+
+class QAction;
+
+namespace zelta {
+
+/// Undo to Select All for whatever text has the focus, each enabled exactly while it can do something.
+class EditMenu final : public QMenu
+{
+public:
+    explicit EditMenu(QWidget* parent);
+
+private:
+    struct Target;
+
+    QAction* add(const QString& text, const QKeySequence& shortcut, bool Target::*able,
+                 std::function<void()> Target::*run);
+    void follow(QWidget* focus);
+    void refresh();
+
+    struct Entry
+    {
+        QAction* action;
+        bool Target::*able;
+    };
+
+    QPointer<QWidget> m_focus;
+    QList<Entry> m_entries;
+    QList<QMetaObject::Connection> m_connections;
+};
+
+} // namespace zelta

@@ -1,0 +1,78 @@
+#include "app/shell/Lifetime.h"
+
+#include "app/model/Clock.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QSocketNotifier>
+#include <QWidget>
+#include <array>
+#include <csignal>
+
+namespace zelta {
+namespace {
+
+/// A signal handler may do next to nothing; it writes a byte, and the event loop reads it.
+std::array<int, 2> signalPipe {-1, -1};
+
+void onSignal(int)
+{
+    const char byte = 0;
+    [[maybe_unused]] const ssize_t written = write(signalPipe[1], &byte, 1);
+}
+
+} // namespace
+
+Lifetime::Lifetime(QWidget& window, Clock& clock)
+    : m_window(window)
+    , m_clock(clock)
+{
+    window.installEventFilter(this);
+    m_clock.setSavesSettledHandler([this] { quitWhenSaved(); });
+    watchSignals();
+}
+
+Lifetime::~Lifetime()
+{
+    m_clock.setSavesSettledHandler({});
+}
+
+bool Lifetime::eventFilter(QObject* watched, QEvent* event)
+{
+    // Queued: the window hides only after this event, and its rows hand on their text while it does.
+    if (watched == &m_window && event->type() == QEvent::Close) {
+        m_closed = true;
+        QMetaObject::invokeMethod(this, &Lifetime::quitWhenSaved, Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void Lifetime::watchSignals()
+{
+    if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    auto* notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this] {
+        char byte = 0;
+        while (read(signalPipe[0], &byte, 1) > 0) { }
+        m_window.close();
+    });
+    struct sigaction action
+    { };
+    action.sa_handler
+        = onSignal; // NOLINT(cppcoreguidelines-pro-type-union-access): the union is the system's
+    action.sa_flags = SA_RESTART;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        sigaction(signal, &action, nullptr);
+}
+
+void Lifetime::quitWhenSaved()
+{
+    if (m_closed && !m_clock.hasPendingSaves())
+        QCoreApplication::quit();
+}
+
+} // namespace zelta

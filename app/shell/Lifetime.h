@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+namespace zelta {
+
+class Clock;
+
+/// Ends the process in an orderly way. Closing the window, or a signal that asks to end (TERM, INT, HUP),
+/// hides the window at once; the event loop goes on until no delayed save is pending, so that nothing typed
+/// is lost.
+class Lifetime final : public QObject
+{
+public:
+    Lifetime(QWidget& window, Clock& clock);
+    ~Lifetime() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void watchSignals();
+    void quitWhenSaved();
+
+    QWidget& m_window;
+    Clock& m_clock;
+    bool m_closed = false;
+};
+
+} // namespace zelta

@@ -1,0 +1,122 @@
+#include "app/shell/MainWindow.h"
+
+#include "app/look/Theme.h"
+#include "app/model/AppInfo.h"
+#include "app/model/AppModel.h"
+#include "app/model/Text.h"
+#include "app/shell/EditMenu.h"
+#include "app/shell/PageChrome.h"
+#include "app/shell/Sidebar.h"
+
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPainter>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <cstddef>
+
+namespace zelta {
+namespace {
+
+constexpr QSize defaultSize {1120, 760};
+constexpr QSize smallestSize {940, 620};
+
+/// The pages, below a line like the one at their side.
+class PageStack final : public QStackedWidget
+{
+public:
+    explicit PageStack(QWidget* parent)
+        : QStackedWidget(parent)
+    {
+        setContentsMargins(0, 1, 0, 0);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter(this).fillRect(0, 0, width(), 1, Theme::color(Theme::Token::outline));
+    }
+};
+
+/// Null for a page that this version does not have yet.
+QWidget* makeContent(Module /*module*/, AppModel& /*model*/)
+{
+    return nullptr;
+}
+
+} // namespace
+
+MainWindow::MainWindow(AppModel& model)
+    : m_model(model)
+{
+    makeMenus();
+    setCentralWidget(makeCentre());
+    setMinimumSize(smallestSize);
+    resize(defaultSize);
+    connect(&model, &AppModel::selectionChanged, this, &MainWindow::showSelection);
+    showSelection();
+}
+
+QWidget* MainWindow::makeCentre()
+{
+    auto* splitter = new QSplitter(this);
+    splitter->setHandleWidth(1);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(new Sidebar(m_model, splitter));
+    m_pages = new PageStack(splitter);
+    splitter->addWidget(m_pages);
+    splitter->setStretchFactor(0, 0);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({Sidebar::idealWidth, defaultSize.width() - Sidebar::idealWidth});
+    return splitter;
+}
+
+void MainWindow::makeMenus()
+{
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    QAction* quit = file->addAction(QStringLiteral("&Quit"), this, &MainWindow::close);
+    quit->setShortcut(QKeySequence::Quit);
+    menuBar()->addMenu(new EditMenu(this));
+    makeGoMenu(menuBar()->addMenu(QStringLiteral("&Go")));
+    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+    help->addAction(QStringLiteral("&About Zelta Basic"), this, &MainWindow::showAbout);
+}
+
+void MainWindow::makeGoMenu(QMenu* menu)
+{
+    int number = 1;
+    for (const Module module : allCases<Module>()) {
+        QAction* action
+            = menu->addAction(toQt(title(module)), this, [this, module] { m_model.setSelection(module); });
+        action->setShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number++)));
+    }
+}
+
+void MainWindow::showSelection()
+{
+    const Module module = m_model.selection();
+    m_pages->setCurrentWidget(page(module));
+    setWindowTitle(toQt(title(module)));
+}
+
+void MainWindow::showAbout()
+{
+    QMessageBox::about(
+        this, QStringLiteral("About Zelta Basic"),
+        QStringLiteral("Zelta Basic\nVersion %1\n\nEveryday figures, offline and exact to the last "
+                       "digit.")
+            .arg(AppInfo::version()));
+}
+
+QWidget* MainWindow::page(Module module)
+{
+    QWidget*& page = m_built[static_cast<std::size_t>(module)];
+    if (!page) {
+        page = new PageChrome(module, m_model, makeContent(module, m_model), m_pages);
+        m_pages->addWidget(page);
+    }
+    return page;
+}
+
+} // namespace zelta

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/model/Module.h"
+
+#include <QMainWindow>
+#include <array>
+
+class QMenu;
+class QStackedWidget;
+
+namespace zelta {
+
+class AppModel;
+
+/// The one window: menu bar, sidebar, and the selected page, which is built when it is first shown.
+class MainWindow final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(AppModel& model);
+
+private:
+    QWidget* makeCentre();
+    void makeMenus();
+    void makeGoMenu(QMenu* menu);
+    void showSelection();
+    void showAbout();
+    /// The page in its frame, built at its first use.
+    QWidget* page(Module module);
+
+    AppModel& m_model;
+    QStackedWidget* m_pages = nullptr;
+    std::array<QWidget*, 8> m_built {};
+};
+
+} // namespace zelta

@@ -1,0 +1,122 @@
+#include "app/shell/PageChrome.h"
+
+#include "app/components/Label.h"
+#include "app/components/ModuleGlyph.h"
+#include "app/components/SymbolIcon.h"
+#include "app/look/Theme.h"
+#include "app/model/AppModel.h"
+#include "app/model/Text.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace zelta {
+namespace {
+
+constexpr int badgeSize = 38;
+constexpr int headerGap = 12;
+constexpr int headerHeight = 42;
+
+} // namespace
+
+PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent)
+    : QScrollArea(parent)
+    , m_module(module)
+    , m_model(model)
+    , m_column(new QWidget)
+{
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    viewport()->setAutoFillBackground(false);
+
+    auto* layout = new QVBoxLayout(m_column);
+    layout->setSpacing(Metric::partSpacing);
+    layout->addWidget(makeHeader(m_column));
+    const bool fills = content && content->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag;
+    if (content)
+        layout->addWidget(content, fills ? 1 : 0);
+    if (!fills)
+        layout->addStretch(1);
+    setWidget(m_column);
+    m_column->setAutoFillBackground(false);
+
+    connect(&model, &AppModel::lastSaveMessageChanged, this, &PageChrome::showMessage);
+    const auto showSubtitle = [this] { m_subtitle->setText(toQt(m_model.subtitle(m_module))); };
+    connect(&model, &AppModel::weekendRuleChanged, this, showSubtitle);
+    connect(&model, &AppModel::use24HourChanged, this, showSubtitle);
+    showMessage();
+}
+
+void PageChrome::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter(viewport()).fillRect(viewport()->rect(), Theme::color(Theme::Token::page));
+}
+
+void PageChrome::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    fitColumn();
+}
+
+QWidget* PageChrome::makeHeader(QWidget* column)
+{
+    auto* header = new QWidget(column);
+    header->setMinimumHeight(headerHeight);
+    auto* layout = new QHBoxLayout(header);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(headerGap);
+    layout->addWidget(new ModuleGlyph(symbol(m_module), Theme::tint(m_module), badgeSize, header));
+
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addStretch(1);
+    texts->addWidget(new Label(toQt(title(m_module)), Theme::FontRole::title, Theme::Token::text, header));
+    m_subtitle = new Label(toQt(m_model.subtitle(m_module)), Theme::FontRole::menu,
+                           Theme::Token::textSecondary, header);
+    m_subtitle->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    texts->addWidget(m_subtitle);
+    texts->addStretch(1);
+    layout->addLayout(texts, 1);
+
+    layout->addWidget(makeMessage(header));
+    return header;
+}
+
+QWidget* PageChrome::makeMessage(QWidget* header)
+{
+    m_message = new QWidget(header);
+    auto* layout = new QHBoxLayout(m_message);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(6);
+    layout->addWidget(new SymbolIcon("checkmark", 14, Theme::Token::upInk, m_message));
+    m_messageText = new Label(QStringLiteral("Saved to history"), Theme::FontRole::captionMedium,
+                              Theme::Token::upInk, m_message);
+    layout->addWidget(m_messageText);
+    // Its place is kept from the start, so that the message moves nothing.
+    QSizePolicy policy = m_message->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_message->setSizePolicy(policy);
+    return m_message;
+}
+
+void PageChrome::showMessage()
+{
+    const auto& message = m_model.lastSaveMessage();
+    if (message)
+        m_messageText->setText(toQt(*message));
+    m_message->setVisible(message.has_value());
+}
+
+void PageChrome::fitColumn()
+{
+    // The scroll bar lies inside the right padding: the content keeps its place when the bar comes and goes.
+    const int bar = width() - viewport()->width();
+    const int beyond = std::max(0, width() - Metric::maximumPageWidth);
+    m_column->layout()->setContentsMargins(Metric::pagePadding, Metric::pagePadding,
+                                           Metric::pagePadding + beyond - bar, Metric::pagePadding);
+}
+
+} // namespace zelta

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "app/model/Module.h"
+
+#include <QScrollArea>
+
+namespace zelta {
+
+class AppModel;
+class Label;
+
+/// The frame of every page: badge, title and subtitle above the page's own content, in a column of limited
+/// width that scrolls. A page whose size policy expands downwards fills the view; others keep their height.
+class PageChrome final : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// Takes ownership of `content`; null shows the header alone.
+    PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QWidget* makeHeader(QWidget* column);
+    QWidget* makeMessage(QWidget* header);
+    void showMessage();
+    void fitColumn();
+
+    Module m_module;
+    AppModel& m_model;
+    QWidget* m_column;
+    Label* m_subtitle = nullptr;
+    QWidget* m_message = nullptr;
+    Label* m_messageText = nullptr;
+};
+
+} // namespace zelta

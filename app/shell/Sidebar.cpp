@@ -1,0 +1,133 @@
+#include "app/shell/Sidebar.h"
+
+#include "app/components/Label.h"
+#include "app/components/SymbolIcon.h"
+#include "app/look/Theme.h"
+#include "app/model/AppInfo.h"
+#include "app/model/AppModel.h"
+#include "app/model/Text.h"
+#include "app/shell/SidebarRow.h"
+
+#include <QButtonGroup>
+#include <QPainter>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace zelta {
+namespace {
+
+constexpr int sideInset = 14;
+
+/// A line in the colour of card outlines, one pixel high.
+class Line final : public QWidget
+{
+public:
+    explicit Line(QWidget* parent)
+        : QWidget(parent)
+    {
+        setFixedHeight(1);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter(this).fillRect(rect(), Theme::color(Theme::Token::outline));
+    }
+};
+
+} // namespace
+
+Sidebar::Sidebar(AppModel& model, QWidget* parent)
+    : QWidget(parent)
+    , m_model(model)
+{
+    setMinimumWidth(minimumWidth);
+    setMaximumWidth(maximumWidth);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeHeader());
+    layout->addWidget(makeRows(), 1);
+    layout->addWidget(makeFooter());
+
+    connect(&model, &AppModel::selectionChanged, this, &Sidebar::showSelection);
+    connect(&model, &AppModel::weekendRuleChanged, this, &Sidebar::showSettings);
+    connect(&model, &AppModel::use24HourChanged, this, &Sidebar::showSettings);
+    showSelection();
+    showSettings();
+}
+
+void Sidebar::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter(this).fillRect(rect(), Theme::color(Theme::Token::chrome));
+}
+
+QWidget* Sidebar::makeHeader()
+{
+    auto* header = new QWidget(this);
+    auto* layout = new QVBoxLayout(header);
+    layout->setContentsMargins(sideInset, 10, sideInset, 12);
+    layout->setSpacing(3);
+    layout->addWidget(
+        new Label(QStringLiteral("Zelta Basic"), Theme::FontRole::sidebarHeader, Theme::Token::text, header));
+    layout->addWidget(new Label(QStringLiteral("Version ") + AppInfo::version(), Theme::FontRole::caption,
+                                Theme::Token::textSecondary, header));
+    return header;
+}
+
+QWidget* Sidebar::makeRows()
+{
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->viewport()->setAutoFillBackground(false);
+    auto* list = new QWidget;
+    list->setAutoFillBackground(false);
+    list->setAccessibleName(QStringLiteral("Pages"));
+    auto* layout = new QVBoxLayout(list);
+    layout->setContentsMargins(7, 0, 7, 0);
+    layout->setSpacing(1);
+    auto* group = new QButtonGroup(this);
+    for (const Module module : allCases<Module>()) {
+        auto* row = new SidebarRow(module, toQt(m_model.subtitle(module)), list);
+        connect(row, &QAbstractButton::clicked, this, [this, module] { m_model.setSelection(module); });
+        group->addButton(row);
+        layout->addWidget(row);
+        m_rows[static_cast<std::size_t>(module)] = row;
+    }
+    layout->addStretch(1);
+    area->setWidget(list);
+    list->setAutoFillBackground(false);
+    return area;
+}
+
+QWidget* Sidebar::makeFooter()
+{
+    auto* footer = new QWidget(this);
+    auto* layout = new QVBoxLayout(footer);
+    layout->setContentsMargins(sideInset, 0, sideInset, 8);
+    layout->setSpacing(9);
+    layout->addWidget(new Line(footer));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(6);
+    row->addWidget(new SymbolIcon("calendar.badge.checkmark", 12, Theme::Token::textSecondary, footer));
+    m_weekend = new Label({}, Theme::FontRole::caption, Theme::Token::textSecondary, footer);
+    row->addWidget(m_weekend, 1);
+    layout->addLayout(row);
+    return footer;
+}
+
+void Sidebar::showSelection()
+{
+    m_rows[static_cast<std::size_t>(m_model.selection())]->setChecked(true);
+}
+
+void Sidebar::showSettings()
+{
+    m_weekend->setText(toQt(m_model.weekendRule().summary()));
+    m_rows[static_cast<std::size_t>(Module::settings)]->setSubtitle(toQt(m_model.subtitle(Module::settings)));
+}
+
+} // namespace zelta

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+class QLayout;
+
+namespace zelta {
+
+class AppModel;
+class Label;
+class SidebarRow;
+
+/// The list of pages, with the program's name and version above it and the weekend rule below.
+class Sidebar final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr int minimumWidth = 268;
+    static constexpr int idealWidth = 280;
+    static constexpr int maximumWidth = 320;
+
+    Sidebar(AppModel& model, QWidget* parent);
+
+    QSize sizeHint() const override { return {idealWidth, 0}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QWidget* makeHeader();
+    QWidget* makeRows();
+    QWidget* makeFooter();
+    void showSelection();
+    void showSettings();
+
+    AppModel& m_model;
+    std::array<SidebarRow*, 8> m_rows {};
+    Label* m_weekend = nullptr;
+};
+
+} // namespace zelta

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/model/Module.h"
+
+#include <QRadioButton>
+#include <QStringList>
+
+namespace zelta {
+
+/// One page in the sidebar: badge, title and a subtitle of at most two lines. As radio buttons the rows are
+/// one tab stop, Up and Down move the selection, and a screen reader hears which of eight is chosen.
+class SidebarRow final : public QRadioButton
+{
+    Q_OBJECT
+
+public:
+    SidebarRow(Module module, const QString& subtitle, QWidget* parent);
+
+    void setSubtitle(const QString& subtitle);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
+protected:
+    bool hitButton(const QPoint& position) const override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QStringList subtitleLines(int width) const;
+
+    Module m_module;
+    QString m_subtitle;
+};
+
+} // namespace zelta

@@ -1,0 +1,246 @@
+#include "app/components/Label.h"
+#include "app/model/AppInfo.h"
+#include "app/model/Text.h"
+#include "app/shell/EditMenu.h"
+#include "app/shell/Lifetime.h"
+#include "app/shell/MainWindow.h"
+#include "app/shell/PageChrome.h"
+#include "app/shell/SidebarRow.h"
+#include "tests/app/support/TestModel.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <csignal>
+
+namespace zelta {
+namespace {
+
+using namespace std::chrono_literals;
+
+struct ShellTest : testing::Test
+{
+    test::TestModel test {{{"module", "notes"}}};
+    MainWindow window {test.model};
+
+    QMenu* menu(const QString& title)
+    {
+        for (QAction* action : window.menuBar()->actions()) {
+            if (action->text().remove(QLatin1Char('&')) == title)
+                return action->menu();
+        }
+        return nullptr;
+    }
+
+    QStringList labels()
+    {
+        QStringList texts;
+        for (const auto* label : window.findChildren<Label*>())
+            texts << label->text();
+        return texts;
+    }
+
+    SidebarRow* row(Module module)
+    {
+        for (auto* row : window.findChildren<SidebarRow*>()) {
+            if (row->text() == toQt(title(module)))
+                return row;
+        }
+        return nullptr;
+    }
+
+    void show()
+    {
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+};
+
+TEST_F(ShellTest, OpensOnTheRestoredPageAndBuildsNoOther)
+{
+    const auto pages = window.findChildren<PageChrome*>();
+    ASSERT_EQ(pages.size(), 1);
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Notes"));
+    EXPECT_TRUE(row(Module::notes)->isChecked());
+}
+
+TEST_F(ShellTest, HasTheGivenSizes)
+{
+    EXPECT_EQ(window.size(), QSize(1120, 760));
+    EXPECT_EQ(window.minimumSize(), QSize(940, 620));
+}
+
+TEST_F(ShellTest, ControlAndADigitShowAPageAndStoreIt)
+{
+    show();
+    int key = Qt::Key_1;
+    for (const Module module : allCases<Module>()) {
+        QTest::keyClick(&window, static_cast<Qt::Key>(key++), Qt::ControlModifier);
+        EXPECT_EQ(test.model.selection(), module);
+        EXPECT_EQ(test.model.store().setting("module"), rawValue(module));
+        EXPECT_EQ(window.windowTitle(), toQt(title(module)));
+        EXPECT_TRUE(row(module)->isChecked());
+    }
+}
+
+TEST_F(ShellTest, TheGoMenuListsThePagesWithTheirKeys)
+{
+    const auto actions = menu(QStringLiteral("Go"))->actions();
+    ASSERT_EQ(actions.size(), 8);
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_EQ(actions[i]->text(), toQt(title(static_cast<Module>(i))));
+        EXPECT_EQ(actions[i]->shortcut(), QKeySequence(QStringLiteral("Ctrl+%1").arg(i + 1)));
+    }
+    actions[6]->trigger();
+    EXPECT_EQ(test.model.selection(), Module::history);
+}
+
+TEST_F(ShellTest, ThereIsNoNew)
+{
+    for (const QAction* action : menu(QStringLiteral("File"))->actions())
+        EXPECT_FALSE(action->text().contains(QStringLiteral("New")));
+    EXPECT_EQ(window.menuBar()->actions().size(), 4);
+}
+
+TEST_F(ShellTest, AClickOnASidebarRowShowsItsPage)
+{
+    show();
+    QTest::mouseClick(row(Module::settings), Qt::LeftButton);
+    EXPECT_EQ(test.model.selection(), Module::settings);
+    EXPECT_EQ(test.model.store().setting("module"), "settings");
+}
+
+TEST_F(ShellTest, TheSidebarIsOneTabStopAndTheArrowsMoveTheSelection)
+{
+    show();
+    row(Module::notes)->setFocus();
+    QTest::keyClick(row(Module::notes), Qt::Key_Down);
+    EXPECT_EQ(test.model.selection(), Module::duration);
+    QTest::keyClick(row(Module::duration), Qt::Key_Up);
+    EXPECT_EQ(test.model.selection(), Module::notes);
+    EXPECT_EQ(row(Module::history)->focusPolicy() & Qt::TabFocus, 0);
+}
+
+TEST_F(ShellTest, TheFooterAndTheSettingsSubtitleFollowTheSettings)
+{
+    EXPECT_TRUE(labels().contains(QStringLiteral("Sun + Sat")));
+    test.model.setWeekendPresetID("none");
+    test.model.setUse24Hour(true);
+    EXPECT_TRUE(labels().contains(QStringLiteral("No weekend")));
+    EXPECT_EQ(row(Module::settings)->accessibleDescription(),
+              QStringLiteral("No weekend (7-day week), 24-hour clock"));
+}
+
+TEST_F(ShellTest, WithoutAVersionItIsADevelopmentBuild)
+{
+    EXPECT_EQ(AppInfo::version(), QStringLiteral("development build"));
+    EXPECT_TRUE(labels().contains(QStringLiteral("Version development build")));
+}
+
+TEST_F(ShellTest, SavedToHistoryAppearsInTheHeaderAndMovesNothing)
+{
+    show();
+    const auto labelsOfPage = window.findChild<PageChrome*>()->findChildren<Label*>();
+    const Label* title = labelsOfPage.first();
+    const Label* message = labelsOfPage.last();
+    QCoreApplication::processEvents();
+    const QRect before = title->geometry();
+    EXPECT_FALSE(message->isVisible());
+    test.model.record(Module::notes, "t", {{"a", "b", {}, {}, {}}});
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(message->isVisible());
+    EXPECT_EQ(message->text(), QStringLiteral("Saved to history"));
+    EXPECT_EQ(title->geometry(), before);
+    test.clock.advance(2s);
+    EXPECT_FALSE(message->isVisible());
+    EXPECT_EQ(title->geometry(), before);
+}
+
+TEST_F(ShellTest, TheEditMenuIsEnabledExactlyWhereTheFocusedTextCan)
+{
+    QLineEdit field(&window);
+    show();
+    const auto able = [&](const QString& name) {
+        for (const QAction* action : menu(QStringLiteral("Edit"))->actions()) {
+            if (action->text().remove(QLatin1Char('&')) == name)
+                return action->isEnabled();
+        }
+        return false;
+    };
+    EXPECT_FALSE(able(QStringLiteral("Undo")));
+    EXPECT_FALSE(able(QStringLiteral("Paste")));
+    field.show();
+    field.setFocus();
+    EXPECT_FALSE(able(QStringLiteral("Undo")));
+    QTest::keyClicks(&field, QStringLiteral("12"));
+    EXPECT_TRUE(able(QStringLiteral("Undo")));
+    EXPECT_FALSE(able(QStringLiteral("Redo")));
+    EXPECT_FALSE(able(QStringLiteral("Copy")));
+    field.selectAll();
+    EXPECT_TRUE(able(QStringLiteral("Copy")));
+    EXPECT_TRUE(able(QStringLiteral("Delete")));
+    field.setReadOnly(true);
+    field.deselect();
+    field.selectAll();
+    EXPECT_TRUE(able(QStringLiteral("Copy")));
+    EXPECT_FALSE(able(QStringLiteral("Cut")));
+    field.clearFocus();
+    EXPECT_FALSE(able(QStringLiteral("Copy")));
+}
+
+/// Runs the event loop; true when it was ended by a quit, false when `limit` turns of it went by.
+bool quits(int limit = 20)
+{
+    bool ended = false;
+    QObject context;
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &context, [&ended] { ended = true; });
+    std::function<void()> turn = [&] {
+        if (!ended && --limit > 0)
+            QMetaObject::invokeMethod(&context, turn, Qt::QueuedConnection);
+        else if (!ended)
+            QCoreApplication::exit(1);
+    };
+    turn();
+    return QCoreApplication::exec() == 0;
+}
+
+TEST_F(ShellTest, ClosingTheWindowHidesItAtOnceAndEndsTheProcessWhenNothingIsPending)
+{
+    const Lifetime lifetime(window, test.clock);
+    show();
+    window.close();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(quits());
+}
+
+TEST_F(ShellTest, TheProcessOutlivesItsWindowUntilDelayedSavesHaveBeenWritten)
+{
+    const Lifetime lifetime(window, test.clock);
+    show();
+    test.model.autoRecord(Module::percent, "t", {{"a", "b", {}, {}, {}}});
+    window.close();
+    EXPECT_FALSE(quits());
+    EXPECT_TRUE(test.model.store().history(1).empty());
+    QMetaObject::invokeMethod(
+        qApp, [this] { test.clock.advance(1500ms); }, Qt::QueuedConnection);
+    EXPECT_TRUE(quits());
+    EXPECT_EQ(test.model.store().history(1).size(), 1U);
+}
+
+TEST_F(ShellTest, SignalsThatAskToEndCloseTheWindow)
+{
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        const Lifetime lifetime(window, test.clock);
+        show();
+        std::raise(signal);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !window.isVisible(); }));
+        EXPECT_TRUE(quits());
+    }
+}
+
+} // namespace
+} // namespace zelta
