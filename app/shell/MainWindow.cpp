@@ -3,6 +3,8 @@
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
+#include "app/pages/ConverterView.h"
+#include "app/pages/PercentView.h"
 #include "app/shell/AboutDialog.h"
 #include "app/shell/EditMenu.h"
 #include "app/shell/PageChrome.h"
@@ -40,9 +42,16 @@ protected:
 };
 
 /// Null for a page that this version does not have yet.
-QWidget* makeContent(Module /*module*/, AppModel& /*model*/)
+QWidget* makeContent(Module module, AppModel& model)
 {
-    return nullptr;
+    switch (module) {
+    case Module::percent:
+        return new PercentView(model);
+    case Module::converter:
+        return new ConverterView(model);
+    default:
+        return nullptr;
+    }
 }
 
 } // namespace
