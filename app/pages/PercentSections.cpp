@@ -76,6 +76,7 @@ QWidget* CompareSection::makeInput()
     swapButton->setLook(Button::Look::borderless);
     swapButton->setInk([] { return Theme::ink(Module::percent); });
     swapButton->setToolTip(QStringLiteral("Swap X and Y"));
+    swapButton->setAccessibleName(swapButton->toolTip());
     connect(swapButton, &QAbstractButton::clicked, this, &CompareSection::swap);
     swapColumn->addWidget(swapButton);
     row->add(swapPlace);
