@@ -20,9 +20,6 @@ class MainWindow final : public QMainWindow
 public:
     explicit MainWindow(AppModel& model);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
     QWidget* makeCentre();
     void makeMenus();
@@ -35,7 +32,6 @@ private:
     AppModel& m_model;
     QStackedWidget* m_pages = nullptr;
     std::array<QWidget*, 8> m_built {};
-    bool m_hasIcon = false;
 };
 
 } // namespace zelta

@@ -40,6 +40,7 @@ class Desktop:
         self._folder = tempfile.TemporaryDirectory(prefix="zelta-e2e-")
         self.folder = pathlib.Path(self._folder.name)
         self._processes = []
+        self._display = None
         runtime = self.folder / "runtime"
         runtime.mkdir(mode=0o700)
         kept = {name: os.environ[name] for name in ("PATH", "LD_LIBRARY_PATH") if name in os.environ}
@@ -99,10 +100,14 @@ class Desktop:
         pathlib.Path(path).parent.mkdir(parents=True, exist_ok=True)
         self.run(["import", "-window", str(window), f"png:{path}"])
 
-    def pixels(self, window="root"):
-        """The picture of a window as raw bytes, to compare."""
-        command = ["import", "-window", str(window), "rgb:-"]
-        return subprocess.run(command, env=self.environment, check=True, capture_output=True, timeout=20).stdout
+    def pixels(self, left=0, top=0, width=1400, height=1000):
+        """What a part of the screen shows, as raw bytes to compare."""
+        from Xlib import X, display
+
+        if not self._display:
+            self._display = display.Display(self.environment["DISPLAY"])
+        root = self._display.screen().root
+        return root.get_image(left, top, width, height, X.ZPixmap, 0xFFFFFF).data
 
     @contextlib.contextmanager
     def portal(self, appearance):
@@ -115,10 +120,12 @@ class Desktop:
             process.stdin.write(other + "\n")
             process.stdin.flush()
 
-        yield change
-        process.kill()
-        process.communicate()
-        self._processes.remove(process)
+        try:
+            yield change
+        finally:
+            process.kill()
+            process.communicate()
+            self._processes.remove(process)
 
     def close(self):
         """Ends every server, the newest first."""

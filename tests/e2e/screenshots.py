@@ -144,20 +144,20 @@ def take(screen, folder, appearance):
         prepare(app)
         for suffix, (width, height) in SIZES.items():
             screen.run(["xdotool", "windowsize", "--sync", window, str(width), str(height), "mousemove", "1390", "990"])
-            settle(screen, window)
+            settle(screen)
             screen.screenshot(folder / f"{name}{suffix}-{appearance}.png", window)
             print(folder / f"{name}{suffix}-{appearance}.png", flush=True)
         screen.run(["xdotool", "windowsize", "--sync", window, "1120", "760"])
     app.end()
 
 
-def settle(screen, window):
-    """Waits until two looks at the window a quarter of a second apart see the same."""
+def settle(screen):
+    """Waits until two looks at the screen a quarter of a second apart see the same."""
 
     def still():
-        first = screen.pixels(window)
+        first = screen.pixels()
         time.sleep(0.25)
-        return first == screen.pixels(window)
+        return first == screen.pixels()
 
     desktop.wait_for(still, "a window that stands still")
 

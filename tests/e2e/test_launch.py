@@ -26,7 +26,7 @@ class Launch(scenario.Scenario):
     def test_version_is_one_line(self):
         status, output, error = self.answer("--version")
         self.assertEqual((status, error), (0, ""))
-        self.assertRegex(output, r"^Zelta Basic \d+\.\d+\.\d+\n$")
+        self.assertRegex(output, r"^zelta-basic \d+\.\d+\.\d+\n$")
 
     def test_help_names_every_option(self):
         status, output, error = self.answer("--help")

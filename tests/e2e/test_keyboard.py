@@ -1,0 +1,94 @@
+"""With the keyboard alone: every control is reached by Tab in reading order, shows that it has the focus, and has words."""
+
+import datetime
+import re
+
+import scenario
+
+KEYS = (
+    "Delete the last digit|Clear everything and start again|Percent|Divide|7|8|9|Multiply|4|5|6|Subtract|1|2|3|Add|"
+    "Change the sign|0|Decimal point|Equals"
+).split("|")
+TODAY = f"{datetime.date.today():%A}, {datetime.date.today().day} "
+# The stops of each page as it opens in an empty home, in order. A stop is named by how its name begins.
+STOPS = {
+    "Calculator": ["Display", *KEYS, "Save to history"],
+    "Percentage": ["X is what % of Y", "Value X", "Value Y", "Swap X and Y"],
+    "Converter": [
+        "Length", "Amount", "From", "Swap the two units", "To",
+        "1 mi = 1.609344 km", "1 ft = 0.3048 m", "1 in = 2.54 cm", "1 nmi = 1.852 km", "1 yd = 0.9144 m",
+    ],
+    "Calendar": ["Previous month", "Today", "Next month", TODAY, TODAY],
+    "Notes": ["New note", "Search notes"],
+    "Days Between": [
+        "Start date, day", "Start date, month", "Start date, year", "Pick from a calendar", "Today", "Click to copy this date",
+        "End date, day", "End date, month", "End date, year", "Pick from a calendar", "Today", "Click to copy this date",
+        "Include the end date", "Swap the start and end dates", "Today", "7 days", "30 days", "90 days", "1 year",
+        "Total days", "Calendar breakdown", "Workdays", "From", "To", "Weeks and days", "Total weeks", "Total months",
+        "Weekend days", "Hours", "Minutes", "Seconds", "Copy all results", "Save to history",
+    ],
+    "History": [],
+    "Settings": ["Weekend", "Show times in 24-hour format"],
+}
+
+
+class Keyboard(scenario.Scenario):
+    def walk(self, app, page):
+        """Tab by Tab once around the window. Gives the stops' names, beginning after the sidebar's row of the page."""
+        names, seen = [], []
+        while True:
+            before = self.screen.pixels()
+            last = app.focused()
+            app.key("Tab")
+            item = self.wait_for(lambda: self.moved(app, last), "the focus to move on")
+            place = (item.name, item.frame)
+            if place in seen:
+                break
+            seen.append(place)
+            names.append(item.name)
+            self.assertTrue(self.changed(before, item.frame), f"{item} does not show that it has the focus")
+            self.assertLess(len(seen), 100)
+        self.assertIn(page, names, "the sidebar is a stop")
+        sidebar = names.index(page)
+        return names[sidebar + 1 :] + names[:sidebar]
+
+    @staticmethod
+    def moved(app, last):
+        item = app.focused()
+        if item and (not last or (item.name, item.frame) != (last.name, last.frame)):
+            return item
+        return None
+
+    def changed(self, before, frame):
+        """Whether the picture differs inside the frame."""
+        after, (left, top, width, height) = self.screen.pixels(), frame
+        rows = range(max(top, 0), min(top + height, 1000))
+        return any(
+            before[4 * (1400 * row + left) : 4 * (1400 * row + left + width)]
+            != after[4 * (1400 * row + left) : 4 * (1400 * row + left + width)]
+            for row in rows
+        )
+
+    def test_every_stop_in_order(self):
+        app = self.start()
+        for page, stops in STOPS.items():
+            app.go(page)
+            with self.subTest(page=page):
+                names = self.walk(app, page)
+                self.assertEqual(len(names), len(stops), names)
+                for name, stop in zip(names, stops):
+                    self.assertTrue(name.startswith(stop), f"{name} in place of {stop}: {names}")
+
+    def test_every_control_has_a_role_and_words(self):
+        app = self.start()
+        for page in STOPS:
+            app.go(page)
+            for item in app.shown():
+                if item.has("focusable"):
+                    with self.subTest(page=page, item=repr(item), frame=item.frame):
+                        self.assertNotIn(item.role, ["unknown", "invalid", "filler", "panel"])
+                        self.assertRegex(item.name, re.compile(r"\w"))
+
+
+if __name__ == "__main__":
+    scenario.main()
