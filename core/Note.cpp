@@ -1,10 +1,8 @@
 #include "core/Note.h"
 
+#include "core/BlockReader.h"
 #include "core/Unicode.h"
 
-#include <simdjson.h>
-
-#include <array>
 #include <optional>
 #include <utility>
 
@@ -80,36 +78,6 @@ void appendJsonString(std::string& json, std::string_view text)
     json += '"';
 }
 
-std::optional<NoteBlock> readBlock(simdjson::dom::element element)
-{
-    std::string_view id;
-    std::string_view text;
-    if (element["id"].get(id) != simdjson::SUCCESS || element["text"].get(text) != simdjson::SUCCESS)
-        return std::nullopt;
-    const std::optional<Uuid> uuid = Uuid::fromText(id);
-    // An escaped half of a surrogate pair stands for no character; UTF-8 cannot hold it.
-    if (!uuid || !simdjson::validate_utf8(text.data(), text.size()))
-        return std::nullopt;
-    return NoteBlock {*uuid, std::string(text)};
-}
-
-std::vector<NoteBlock> readBlocks(std::string_view json)
-{
-    simdjson::dom::parser parser;
-    simdjson::dom::array array;
-    if (parser.parse(json.data(), json.size()).get(array) != simdjson::SUCCESS)
-        return {};
-    std::vector<NoteBlock> blocks;
-    blocks.reserve(array.size());
-    for (const simdjson::dom::element element : array) {
-        std::optional<NoteBlock> block = readBlock(element);
-        if (!block)
-            return {};
-        blocks.push_back(std::move(*block));
-    }
-    return blocks;
-}
-
 } // namespace
 
 bool NoteBlock::isEmpty() const
@@ -183,10 +151,7 @@ std::string Note::encodedBlocks() const
 
 std::vector<NoteBlock> Note::decodeBlocks(std::string_view text)
 {
-    std::vector<NoteBlock> blocks = readBlocks(text);
-    if (blocks.empty())
-        blocks.push_back({.id = Uuid::random(), .text = std::string(text)});
-    return blocks;
+    return BlockReader().read(text);
 }
 
 } // namespace zelta

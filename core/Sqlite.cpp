@@ -48,8 +48,11 @@ Step Statement::step()
 
 std::string_view Statement::text(int column) const
 {
-    const void* start = sqlite3_column_text(m_statement.get(), column);
-    const int size = sqlite3_column_bytes(m_statement.get(), column);
+    // The size first, which makes any value UTF-8; then the bytes as they lie in the page. Asking for a text
+    // would copy every value once more, only to put a NUL behind it.
+    sqlite3_value* value = sqlite3_column_value(m_statement.get(), column);
+    const int size = sqlite3_value_bytes(value);
+    const void* start = sqlite3_value_blob(value);
     if (start == nullptr)
         return {};
     return {static_cast<const char*>(start), static_cast<std::size_t>(size)};
@@ -63,6 +66,16 @@ std::int64_t Statement::integer(int column) const
 double Statement::real(int column) const
 {
     return sqlite3_column_double(m_statement.get(), column);
+}
+
+void Connection::lock()
+{
+    sqlite3_mutex_enter(sqlite3_db_mutex(m_handle.get()));
+}
+
+void Connection::unlock()
+{
+    sqlite3_mutex_leave(sqlite3_db_mutex(m_handle.get()));
 }
 
 void Connection::Close::operator()(sqlite3* handle) const

@@ -38,7 +38,8 @@ public:
 
     Step step();
 
-    /// Columns of the current row. A NULL reads as "", 0 or 0.0. The text lives until the next step.
+    /// Columns of the current row, to be read while the connection is locked. A NULL reads as "", 0 or 0.0.
+    /// The text lives until the next step.
     std::string_view text(int column) const;
     std::int64_t integer(int column) const;
     double real(int column) const;
@@ -75,6 +76,11 @@ public:
 
     /// Compiles one statement. Throws StoreError.
     Statement prepare(std::string_view sql);
+
+    /// Holds the engine's own mutex, which each of its functions takes; taken again by the thread that has
+    /// it, it costs next to nothing. For `std::lock_guard` around the reading of many rows. Needs a handle.
+    void lock();
+    void unlock();
 
     std::int64_t lastInsertedRowId() const; ///< 0 without a handle.
     std::string errorMessage() const; ///< Of the most recent failure; empty without a handle.

@@ -1,5 +1,6 @@
 #include "core/Store.h"
 
+#include "core/BlockReader.h"
 #include "core/Unicode.h"
 #include "core/UserDirectories.h"
 
@@ -69,10 +70,18 @@ HistoryEntry readHistoryEntry(const Statement& row)
             .detail = std::string(row.text(5))};
 }
 
-Note readNote(const Statement& row)
+/// Reads rows of id, created_at, updated_at, blocks.
+class NoteRows
 {
-    return {row.integer(0), Note::decodeBlocks(row.text(3)), toInstant(row.real(1)), toInstant(row.real(2))};
-}
+public:
+    Note operator()(const Statement& row)
+    {
+        return {row.integer(0), m_blocks.read(row.text(3)), toInstant(row.real(1)), toInstant(row.real(2))};
+    }
+
+private:
+    BlockReader m_blocks;
+};
 
 } // namespace
 
@@ -134,12 +143,16 @@ template <class... Values> bool Store::run(std::string_view sql, const Values&..
 }
 
 template <class Row, class Read, class... Values>
-std::vector<Row> Store::select(std::string_view sql, Read read, const Values&... values)
+std::vector<Row> Store::select(std::string_view sql, std::int64_t expected, Read&& read,
+                               const Values&... values)
 {
+    constexpr std::int64_t atMostExpected = 1000; // a limit may be any number
     const std::lock_guard guard(m_lock);
     std::vector<Row> rows;
+    rows.reserve(static_cast<std::size_t>(std::min(expected, atMostExpected)));
     try {
         Statement statement = m_connection.prepare(sql);
+        const std::lock_guard reading(m_connection);
         int parameter = 0;
         (statement.bind(++parameter, values), ...);
         while (statement.step() == Step::row)
@@ -159,9 +172,10 @@ bool Store::addHistory(const HistoryEntry& entry)
 
 std::vector<HistoryEntry> Store::history(std::int64_t limit)
 {
+    limit = std::max<std::int64_t>(limit, 1);
     return select<HistoryEntry>("SELECT id, created_at, module, title, summary, detail\n"
                                 "FROM history ORDER BY created_at DESC, id DESC LIMIT ?;",
-                                readHistoryEntry, std::max<std::int64_t>(limit, 1));
+                                limit, readHistoryEntry, limit);
 }
 
 bool Store::deleteHistory(std::int64_t id)
@@ -205,21 +219,21 @@ std::vector<Note> Store::notes(std::string_view search, std::int64_t limit)
         sql += " WHERE search LIKE ?";
     sql += " ORDER BY updated_at DESC, id DESC LIMIT ?;";
     limit = std::max<std::int64_t>(limit, 1);
-    return text.empty() ? select<Note>(sql, readNote, limit)
-                        : select<Note>(sql, readNote, '%' + text + '%', limit);
+    return text.empty() ? select<Note>(sql, limit, NoteRows(), limit)
+                        : select<Note>(sql, limit, NoteRows(), '%' + text + '%', limit);
 }
 
 std::optional<Note> Store::note(std::int64_t id)
 {
-    std::vector<Note> found
-        = select<Note>("SELECT id, created_at, updated_at, blocks FROM notes WHERE id = ?;", readNote, id);
+    std::vector<Note> found = select<Note>(
+        "SELECT id, created_at, updated_at, blocks FROM notes WHERE id = ?;", 1, NoteRows(), id);
     return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
 }
 
 std::optional<std::string> Store::setting(std::string_view key)
 {
     std::vector<std::string> found = select<std::string>(
-        "SELECT value FROM settings WHERE key = ?;",
+        "SELECT value FROM settings WHERE key = ?;", 1,
         [](const Statement& row) { return std::string(row.text(0)); }, key);
     return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
 }

@@ -74,7 +74,8 @@ private:
     void setMeta(std::string_view key, std::string_view value);
     template <class... Values> bool run(std::string_view sql, const Values&... values);
     template <class Row, class Read, class... Values>
-    std::vector<Row> select(std::string_view sql, Read read, const Values&... values);
+    std::vector<Row> select(std::string_view sql, std::int64_t expected, Read&& read,
+                            const Values&... values);
 
     mutable std::recursive_mutex m_lock; ///< Guards the connection and the error text.
     sqlite::Connection m_connection;

@@ -1,12 +1,15 @@
 #include "app/components/Picker.h"
 
+#include "app/look/StyleParts.h"
 #include "app/look/Surface.h"
 #include "app/look/Symbols.h"
 #include "app/look/Theme.h"
 
 #include <QAbstractItemView>
+#include <QLayout>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QWheelEvent>
 #include <QtMath>
 
 namespace zelta {
@@ -55,6 +58,7 @@ Picker::Picker(const QString& name, QWidget* parent)
     setFixedHeight(Metric::fieldHeight);
     setItemDelegate(new EntryDelegate(this));
     setMaxVisibleItems(16);
+    setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
 }
 
@@ -67,6 +71,29 @@ void Picker::addEntry(const QString& name, const QString& second, const QString&
 QSize Picker::sizeHint() const
 {
     return {QComboBox::sizeHint().width(), Metric::fieldHeight};
+}
+
+/// Qt's list, a little apart from the field, with room above and below its entries, cut to the shape of a
+/// menu.
+void Picker::showPopup()
+{
+    constexpr int distance = 4;
+    QComboBox::showPopup();
+    QWidget* popup = view()->window();
+    popup->layout()->setContentsMargins(0, itemMargin, 0, itemMargin);
+    QRect area = popup->geometry();
+    if (area.top() >= mapToGlobal(rect().bottomLeft()).y())
+        area.adjust(0, distance, 0, distance + 2 * itemMargin);
+    else
+        area.adjust(0, -distance - 2 * itemMargin, 0, -distance);
+    popup->setGeometry(area);
+    popup->setMask(StyleParts::popupMask(popup->rect(), Metric::rowRadius));
+}
+
+/// Scrolling the page must not change a unit that happens to pass below the pointer.
+void Picker::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
 }
 
 void Picker::paintEvent(QPaintEvent* /*event*/)

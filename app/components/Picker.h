@@ -18,9 +18,11 @@ public:
     void addEntry(const QString& name, const QString& second, const QString& value);
 
     QSize sizeHint() const override;
+    void showPopup() override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 };
 
 } // namespace zelta

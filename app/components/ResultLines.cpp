@@ -32,11 +32,10 @@ public:
 
     void setGeometry(const QRect& rect) override
     {
-        QWidgetItem::setGeometry(rect.adjusted(-ResultLine::bleed, -m_above, ResultLine::bleed, m_below));
+        widget()->setGeometry(rect.adjusted(-ResultLine::bleed, -m_above, ResultLine::bleed, m_below));
     }
     QSize sizeHint() const override { return lowered(QWidgetItem::sizeHint()); }
     QSize minimumSize() const override { return lowered(QWidgetItem::minimumSize()); }
-    QSize maximumSize() const override { return lowered(QWidgetItem::maximumSize()); }
     int heightForWidth(int width) const override
     {
         return QWidgetItem::heightForWidth(width + 2 * ResultLine::bleed) - m_above - m_below;

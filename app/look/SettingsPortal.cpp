@@ -44,6 +44,8 @@ void SettingsPortal::ask()
 {
     const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
     const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
+    // A slot's types are found by name, and nobody has named this one yet: the signal would be refused.
+    qRegisterMetaType<QDBusVariant>();
     QDBusConnection bus = QDBusConnection::sessionBus();
     // No sender's name: resolving one would wait for the bus.
     bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,

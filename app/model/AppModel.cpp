@@ -1,6 +1,7 @@
 #include "app/model/AppModel.h"
 
 #include "core/HistoryEntry.h"
+#include "core/UserDirectories.h"
 
 #include <QDir>
 #include <algorithm>
@@ -45,7 +46,7 @@ std::unique_ptr<Store> AppModel::launchStore(const std::optional<std::string>& p
     if (!path || path->find_first_not_of(" \t") == std::string::npos)
         return std::make_unique<Store>(std::nullopt);
     if (*path == "~" || path->starts_with("~/"))
-        return std::make_unique<Store>(QDir::homePath().toStdString() + path->substr(1));
+        return std::make_unique<Store>(homeDirectory().string() + path->substr(1));
     return std::make_unique<Store>(*path);
 }
 

@@ -1,15 +1,17 @@
 #include "app/shell/MainWindow.h"
 
 #include "app/look/Theme.h"
-#include "app/model/AppInfo.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
+#include "app/pages/ConverterView.h"
+#include "app/pages/PercentView.h"
+#include "app/shell/AboutDialog.h"
 #include "app/shell/EditMenu.h"
 #include "app/shell/PageChrome.h"
 #include "app/shell/Sidebar.h"
 
+#include <QIcon>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPainter>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -40,9 +42,16 @@ protected:
 };
 
 /// Null for a page that this version does not have yet.
-QWidget* makeContent(Module /*module*/, AppModel& /*model*/)
+QWidget* makeContent(Module module, AppModel& model)
 {
-    return nullptr;
+    switch (module) {
+    case Module::percent:
+        return new PercentView(model);
+    case Module::converter:
+        return new ConverterView(model);
+    default:
+        return nullptr;
+    }
 }
 
 } // namespace
@@ -56,6 +65,17 @@ MainWindow::MainWindow(AppModel& model)
     resize(defaultSize);
     connect(&model, &AppModel::selectionChanged, this, &MainWindow::showSelection);
     showSelection();
+}
+
+void MainWindow::paintEvent(QPaintEvent* event)
+{
+    QMainWindow::paintEvent(event);
+    // The icon is drawn in five sizes; the first frame does not wait for that.
+    if (!m_hasIcon) {
+        m_hasIcon = true;
+        const auto setIcon = [this] { setWindowIcon(QIcon(QStringLiteral(":/icons/app-icon.svg"))); };
+        QMetaObject::invokeMethod(this, setIcon, Qt::QueuedConnection);
+    }
 }
 
 QWidget* MainWindow::makeCentre()
@@ -102,11 +122,9 @@ void MainWindow::showSelection()
 
 void MainWindow::showAbout()
 {
-    QMessageBox::about(
-        this, QStringLiteral("About Zelta Basic"),
-        QStringLiteral("Zelta Basic\nVersion %1\n\nEveryday figures, offline and exact to the last "
-                       "digit.")
-            .arg(AppInfo::version()));
+    auto* about = new AboutDialog(this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->open();
 }
 
 QWidget* MainWindow::page(Module module)

@@ -20,6 +20,9 @@ class MainWindow final : public QMainWindow
 public:
     explicit MainWindow(AppModel& model);
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     QWidget* makeCentre();
     void makeMenus();
@@ -32,6 +35,7 @@ private:
     AppModel& m_model;
     QStackedWidget* m_pages = nullptr;
     std::array<QWidget*, 8> m_built {};
+    bool m_hasIcon = false;
 };
 
 } // namespace zelta

@@ -161,7 +161,7 @@ class Program:
 
     def type(self, text):
         """Types Latin text. Other scripts are pasted, see `paste`: the test's keyboard has no keys for them."""
-        self.screen.run(["xdotool", "type", "--delay", "15", text])
+        self.screen.run(["xdotool", "type", "--delay", "15", "--", text])
 
     def paste(self, text):
         self.screen.set_clipboard(text)

@@ -1,0 +1,69 @@
+#include "app/pages/PercentView.h"
+
+#include "app/components/PillTabs.h"
+#include "app/look/Theme.h"
+#include "app/model/AppModel.h"
+#include "app/model/Text.h"
+#include "app/pages/PercentSections.h"
+
+#include <QVBoxLayout>
+
+namespace zelta {
+
+namespace {
+
+constexpr std::string_view tabKey = "tab.percent";
+
+QString valueOf(PercentView::Tab tab)
+{
+    return toQt(rawValue(tab));
+}
+
+} // namespace
+
+PercentView::PercentView(AppModel& model, QWidget* parent)
+    : QWidget(parent)
+    , m_model(model)
+    , m_column(new QVBoxLayout(this))
+    , m_tabs(new PillTabs({{valueOf(Tab::compare), QStringLiteral("X is what % of Y"), "pie-slice"},
+                           {valueOf(Tab::change), QStringLiteral("Increase / decrease"), "up-down-arrows"}},
+                          Module::percent, this))
+{
+    m_column->setContentsMargins(0, 0, 0, 0);
+    m_column->setSpacing(Metric::partSpacing);
+    m_column->addWidget(m_tabs, 0, Qt::AlignLeft);
+    connect(m_tabs, &PillTabs::selected, this, &PercentView::choose);
+
+    const auto stored = m_model.store().setting(tabKey);
+    const Tab tab = fromRawValue<Tab>(stored.value_or(std::string())).value_or(Tab::compare);
+    m_tabs->setSelection(valueOf(tab));
+    showTab(tab);
+}
+
+void PercentView::choose(const QString& value)
+{
+    const auto tab = fromRawValue<Tab>(toUtf8(value));
+    if (!tab)
+        return;
+    m_model.store().setSetting(tabKey, rawValue(*tab));
+    showTab(*tab);
+}
+
+void PercentView::showTab(Tab tab)
+{
+    m_tab = tab;
+    QWidget*& section = m_sections.at(static_cast<std::size_t>(tab));
+    if (section == nullptr) {
+        if (tab == Tab::compare)
+            section = new CompareSection(m_model, this);
+        else
+            section = new ChangeSection(m_model, this);
+        m_column->addWidget(section);
+    }
+    for (QWidget* other : m_sections) {
+        if (other != nullptr)
+            other->setVisible(other == section);
+    }
+}
+
+} // namespace zelta

@@ -1,0 +1,213 @@
+#include "app/components/Columns.h"
+#include "app/components/ConfirmDialog.h"
+#include "app/components/Flash.h"
+#include "app/components/IconButton.h"
+#include "app/components/Label.h"
+#include "app/components/Picker.h"
+#include "app/components/PillTabs.h"
+#include "app/components/Switch.h"
+#include "tests/app/support/HandClock.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+using namespace zelta;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// The tabs of the percent page, shown and active, so that keys and focus work.
+class PillTabsTest : public testing::Test
+{
+protected:
+    PillTabsTest()
+    {
+        tabs.show();
+        tabs.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&tabs));
+    }
+
+    QAbstractButton& pill(int index) const { return *tabs.findChildren<QAbstractButton*>().at(index); }
+
+    PillTabs tabs {{{QStringLiteral("compare"), QStringLiteral("X is what % of Y"), "pie-slice"},
+                    {QStringLiteral("both"), QStringLiteral("This & that"), "percent"},
+                    {QStringLiteral("change"), QStringLiteral("Increase / decrease"), "up-down-arrows"}},
+                   Module::percent};
+};
+
+} // namespace
+
+TEST_F(PillTabsTest, SelectsTheFirstTabAndTellsOfClicks)
+{
+    QSignalSpy selected(&tabs, &PillTabs::selected);
+    EXPECT_EQ(tabs.selection(), QStringLiteral("compare"));
+    QTest::mouseClick(&pill(2), Qt::LeftButton);
+    EXPECT_EQ(tabs.selection(), QStringLiteral("change"));
+    ASSERT_EQ(selected.count(), 1);
+    EXPECT_EQ(selected.front().front().toString(), QStringLiteral("change"));
+    QTest::mouseClick(&pill(2), Qt::LeftButton);
+    EXPECT_EQ(selected.count(), 1);
+    EXPECT_TRUE(pill(2).isChecked());
+}
+
+TEST_F(PillTabsTest, RestoresATabInSilenceAndIgnoresAnUnknownOne)
+{
+    const QSignalSpy selected(&tabs, &PillTabs::selected);
+    tabs.setSelection(QStringLiteral("change"));
+    tabs.setSelection(QStringLiteral("nonsense"));
+    EXPECT_EQ(tabs.selection(), QStringLiteral("change"));
+    EXPECT_EQ(selected.count(), 0);
+}
+
+TEST_F(PillTabsTest, IsOneTabStopWithLeftAndRight)
+{
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(pill(i).focusPolicy(), i == 0 ? Qt::TabFocus : Qt::NoFocus);
+    pill(0).setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&pill(0), Qt::Key_Left);
+    EXPECT_EQ(tabs.selection(), QStringLiteral("compare"));
+    QTest::keyClick(&pill(0), Qt::Key_Right);
+    EXPECT_EQ(tabs.selection(), QStringLiteral("both"));
+    EXPECT_TRUE(pill(1).hasFocus());
+    QTest::keyClick(&pill(1), Qt::Key_Right);
+    EXPECT_EQ(tabs.selection(), QStringLiteral("change"));
+    QTest::keyClick(&pill(2), Qt::Key_Right);
+    EXPECT_EQ(tabs.selection(), QStringLiteral("change"));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(pill(i).focusPolicy(), i == 2 ? Qt::TabFocus : Qt::NoFocus);
+}
+
+TEST_F(PillTabsTest, SaysAnAmpersandAsItIs)
+{
+    QAccessibleInterface* described = QAccessible::queryAccessibleInterface(&pill(1));
+    EXPECT_EQ(described->text(QAccessible::Name), QStringLiteral("This & that"));
+}
+
+TEST(Button, KeepsItsWidthWhileItConfirms)
+{
+    Button copy(QStringLiteral("Copy all results"), "doc.on.doc");
+    const QSize resting = copy.sizeHint();
+    copy.showConfirmation(QStringLiteral("Copied"));
+    EXPECT_EQ(copy.sizeHint(), resting);
+    EXPECT_EQ(copy.text(), QStringLiteral("Copied"));
+    copy.clearConfirmation();
+    EXPECT_EQ(copy.text(), QStringLiteral("Copy all results"));
+    EXPECT_EQ(copy.label(), QStringLiteral("Copy all results"));
+}
+
+TEST(Button, TakesTheFocusByTabOnly)
+{
+    EXPECT_EQ(Button(QStringLiteral("Swap")).focusPolicy(), Qt::TabFocus);
+    EXPECT_EQ(Switch(QStringLiteral("Clock"), {}).focusPolicy(), Qt::TabFocus);
+}
+
+TEST(IconButton, IsCalledByItsHelp)
+{
+    const IconButton button("trash", QStringLiteral("Delete this entry"));
+    EXPECT_EQ(button.accessibleName(), QStringLiteral("Delete this entry"));
+    EXPECT_EQ(button.toolTip(), QStringLiteral("Delete this entry"));
+}
+
+TEST(Flash, StaysForItsTimeAndStartsAgainWithANewerText)
+{
+    test::HandClock clock;
+    Flash flash(clock, 900ms);
+    flash.flash(QStringLiteral("Copied"));
+    clock.advance(899ms);
+    EXPECT_EQ(flash.text(), QStringLiteral("Copied"));
+    flash.flash(QStringLiteral("Tape copied"));
+    clock.advance(899ms);
+    EXPECT_EQ(flash.text(), QStringLiteral("Tape copied"));
+    clock.advance(1ms);
+    EXPECT_FALSE(flash.isShowing());
+}
+
+TEST(Flash, HoldsAMessageThatSomebodyElseTimes)
+{
+    test::HandClock clock;
+    Flash flash(clock, 900ms);
+    flash.flash(QStringLiteral("Copied"));
+    flash.hold(QStringLiteral("Saved to history"));
+    clock.advance(5s);
+    EXPECT_EQ(flash.text(), QStringLiteral("Saved to history"));
+    flash.clear();
+    EXPECT_FALSE(flash.isShowing());
+}
+
+TEST(Columns, StandSideBySideWhereBothGetTheirMinimum)
+{
+    auto* left = new QWidget;
+    auto* right = new QWidget;
+    left->setFixedHeight(50);
+    right->setFixedHeight(80);
+    Columns columns(340, left, right);
+    EXPECT_EQ(columns.heightForWidth(698), 80);
+    EXPECT_EQ(columns.heightForWidth(697), 50 + Columns::gap + 80);
+    columns.resize(698, 80);
+    columns.show();
+    EXPECT_EQ(left->geometry().width(), 340);
+    EXPECT_EQ(right->geometry().left(), 358);
+    columns.resize(697, 148);
+    EXPECT_EQ(right->geometry().topLeft(), QPoint(0, 68));
+    EXPECT_EQ(left->geometry().width(), 697);
+}
+
+TEST(ConfirmDialog, DestroysOnlyByItsButton)
+{
+    QWidget window;
+    window.show();
+    int confirmed = 0;
+    const auto ask = [&] {
+        return ConfirmDialog::ask(window,
+                                  {QStringLiteral("Clear the whole history?"),
+                                   QStringLiteral("This cannot be undone."), QStringLiteral("Clear history")},
+                                  [&confirmed] { ++confirmed; });
+    };
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
+        ConfirmDialog* dialog = ask();
+        EXPECT_TRUE(dialog->cancelButton()->isDefault());
+        dialog->actionButton()->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(dialog->actionButton(), key);
+        EXPECT_TRUE(dialog->isHidden());
+        EXPECT_EQ(confirmed, 0);
+    }
+    QTest::mouseClick(ask()->cancelButton(), Qt::LeftButton);
+    EXPECT_EQ(confirmed, 0);
+    QTest::mouseClick(ask()->actionButton(), Qt::LeftButton);
+    EXPECT_EQ(confirmed, 1);
+}
+
+TEST(Picker, LeavesTheWheelToThePage)
+{
+    Picker picker(QStringLiteral("From"));
+    picker.addEntry(QStringLiteral("Mile"), QStringLiteral("mi"), QStringLiteral("mile"));
+    picker.addEntry(QStringLiteral("Kilometre"), QStringLiteral("km"), QStringLiteral("kilometre"));
+    picker.show();
+    QWheelEvent wheel(QPointF(5, 5), picker.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&picker, &wheel);
+    EXPECT_EQ(picker.currentData().toString(), QStringLiteral("mile"));
+    EXPECT_FALSE(wheel.isAccepted());
+}
+
+TEST(Label, ShowsMarkupAsItIs)
+{
+    const Label label(QStringLiteral("<b>&amp;</b>"));
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    EXPECT_EQ(label.text(), QStringLiteral("<b>&amp;</b>"));
+}
+
+TEST(Label, WrapsInLinesOfTheGivenHeight)
+{
+    Label label(QStringLiteral("one two three four five six seven eight nine ten"), Theme::FontRole::note,
+                Theme::Token::textSecondary);
+    label.setWrapped(16);
+    EXPECT_EQ(label.heightForWidth(10000), 16);
+    EXPECT_EQ(label.heightForWidth(60) % 16, 0);
+    EXPECT_GT(label.heightForWidth(60), 48);
+}

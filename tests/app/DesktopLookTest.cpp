@@ -1,0 +1,116 @@
+#include "app/look/DesktopLook.h"
+
+#include "app/components/Label.h"
+#include "app/look/Theme.h"
+#include "tests/app/support/StandInPortal.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+
+using namespace zelta;
+using Theme::Appearance;
+using Theme::Token;
+
+namespace {
+
+/// What a desktop does to its programs when somebody chooses another look.
+void setDesktopPalette(const QColor& window, const QColor& text)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    QApplication::setPalette(palette);
+}
+
+/// A desktop without a portal, so that the tests do not depend on where they run.
+class DesktopLookTest : public testing::Test
+{
+protected:
+    DesktopLookTest()
+    {
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        qputenv("XDG_RUNTIME_DIR", "/nonexistent");
+        setDesktopPalette(QColor(239, 239, 239), Qt::black);
+    }
+
+    static QApplication& application() { return *static_cast<QApplication*>(QCoreApplication::instance()); }
+};
+
+using DesktopPortalTest = DesktopLookTest;
+
+bool becomes(Appearance appearance)
+{
+    return QTest::qWaitFor([appearance] { return Theme::appearance() == appearance; });
+}
+
+} // namespace
+
+TEST_F(DesktopLookTest, StartsAsTheDesktopIs)
+{
+    {
+        const DesktopLook look(application());
+        EXPECT_EQ(Theme::appearance(), Appearance::light);
+        EXPECT_EQ(QApplication::palette().color(QPalette::Window),
+                  Theme::color(Token::page, Appearance::light));
+    }
+    setDesktopPalette(QColor(40, 40, 40), Qt::white);
+    const DesktopLook look(application());
+    EXPECT_EQ(Theme::appearance(), Appearance::dark);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), Theme::color(Token::page, Appearance::dark));
+}
+
+TEST_F(DesktopLookTest, FollowsAPaletteThatChangesWhileTheProgramRuns)
+{
+    const DesktopLook look(application());
+    setDesktopPalette(QColor(30, 30, 46), Qt::white);
+    EXPECT_EQ(Theme::appearance(), Appearance::dark);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Base), Theme::color(Token::field, Appearance::dark));
+    setDesktopPalette(QColor(250, 250, 250), Qt::black);
+    EXPECT_EQ(Theme::appearance(), Appearance::light);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Base), Theme::color(Token::field, Appearance::light));
+}
+
+TEST_F(DesktopLookTest, RecoloursTextsThatAreAlreadyShown)
+{
+    const DesktopLook look(application());
+    QWidget window;
+    auto* saved = new Label(QStringLiteral("Saved"), Theme::FontRole::caption, Token::upInk, &window);
+    auto* quiet
+        = new Label(QStringLiteral("Version"), Theme::FontRole::caption, Token::textSecondary, &window);
+    quiet->hide();
+    window.show();
+    const auto shows = [](const Label* label, Token token) {
+        return label->palette().color(label->foregroundRole()) == Theme::color(token);
+    };
+    EXPECT_TRUE(shows(saved, Token::upInk));
+    EXPECT_TRUE(shows(quiet, Token::textSecondary));
+    setDesktopPalette(QColor(30, 30, 46), Qt::white);
+    EXPECT_EQ(Theme::appearance(), Appearance::dark);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shows(saved, Token::upInk); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shows(quiet, Token::textSecondary); }));
+    saved->setToken(Token::text);
+    EXPECT_TRUE(shows(saved, Token::text));
+}
+
+TEST_F(DesktopPortalTest, TurnsDarkWhenOnlyThePortalSaysSo)
+{
+    constexpr unsigned preferDark = 1;
+    constexpr unsigned preferLight = 2;
+    test::StandInPortal portal(preferDark);
+    ASSERT_TRUE(portal.isReady());
+    const DesktopLook look(application());
+    EXPECT_EQ(Theme::appearance(), Appearance::light) << "the start does not wait for the portal";
+    EXPECT_TRUE(becomes(Appearance::dark));
+    portal.setColorScheme(preferLight);
+    EXPECT_TRUE(becomes(Appearance::light));
+    portal.setColorScheme(preferDark);
+    EXPECT_TRUE(becomes(Appearance::dark));
+
+    // A desktop that does set palettes changes one more time: dark stays while the portal says so.
+    setDesktopPalette(QColor(250, 250, 250), Qt::black);
+    EXPECT_EQ(Theme::appearance(), Appearance::dark);
+    portal.setColorScheme(0);
+    EXPECT_TRUE(becomes(Appearance::light));
+}

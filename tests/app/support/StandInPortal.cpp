@@ -1,0 +1,72 @@
+#include "tests/app/support/StandInPortal.h"
+
+#include <QDBusMessage>
+#include <QDBusVariant>
+
+namespace zelta::test {
+
+namespace {
+
+const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
+const auto connectionName = QStringLiteral("stand-in portal");
+
+QVariant variant(unsigned colorScheme)
+{
+    return QVariant::fromValue(QDBusVariant(colorScheme));
+}
+
+} // namespace
+
+StandInPortal::StandInPortal(unsigned colorScheme)
+    : m_bus(connectionName)
+    , m_colorScheme(colorScheme)
+{
+    m_daemon.start(
+        QStringLiteral("dbus-daemon"),
+        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+    if (!m_daemon.waitForReadyRead())
+        return;
+    const QByteArray address = m_daemon.readLine().trimmed();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    m_bus = QDBusConnection::connectToBus(QString::fromLatin1(address), connectionName);
+    m_isReady = m_bus.registerVirtualObject(path, this)
+        && m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
+}
+
+StandInPortal::~StandInPortal()
+{
+    QDBusConnection::disconnectFromBus(connectionName);
+    m_daemon.terminate();
+    m_daemon.waitForFinished();
+}
+
+bool StandInPortal::isReady() const
+{
+    return m_isReady;
+}
+
+void StandInPortal::setColorScheme(unsigned colorScheme)
+{
+    m_colorScheme = colorScheme;
+    QDBusMessage signal = QDBusMessage::createSignal(path, interface, QStringLiteral("SettingChanged"));
+    signal << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme")
+           << variant(colorScheme);
+    m_bus.send(signal);
+}
+
+QString StandInPortal::introspect(const QString& /*path*/) const
+{
+    return {};
+}
+
+/// "Read" wraps its answer in two variants, as the portals of today's desktops do.
+bool StandInPortal::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
+{
+    if (message.interface() != interface || message.member() != QStringLiteral("Read"))
+        return false;
+    const QVariant answer = QVariant::fromValue(QDBusVariant(variant(m_colorScheme)));
+    return connection.send(message.createReply(answer));
+}
+
+} // namespace zelta::test

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusVirtualObject>
+#include <QProcess>
+#include <QString>
+
+namespace zelta::test {
+
+/// A session bus of the test's own with a settings portal on it that answers what the test wants.
+class StandInPortal : public QDBusVirtualObject
+{
+public:
+    /// Starts the bus, points DBUS_SESSION_BUS_ADDRESS to it and takes the portal's name.
+    explicit StandInPortal(unsigned colorScheme);
+    ~StandInPortal() override;
+
+    /// Whether the bus runs and the portal has its name.
+    bool isReady() const;
+
+    /// Changes the setting and tells everybody, as a portal does.
+    void setColorScheme(unsigned colorScheme);
+
+    QString introspect(const QString& path) const override;
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+
+private:
+    QProcess m_daemon;
+    QDBusConnection m_bus;
+    unsigned m_colorScheme;
+    bool m_isReady = false;
+};
+
+} // namespace zelta::test
