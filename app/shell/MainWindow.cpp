@@ -3,8 +3,10 @@
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
+#include "app/pages/CalendarPageView.h"
 #include "app/pages/ConverterView.h"
 #include "app/pages/PercentView.h"
+#include "app/pages/SettingsView.h"
 #include "app/shell/AboutDialog.h"
 #include "app/shell/EditMenu.h"
 #include "app/shell/PageChrome.h"
@@ -49,6 +51,10 @@ QWidget* makeContent(Module module, AppModel& model)
         return new PercentView(model);
     case Module::converter:
         return new ConverterView(model);
+    case Module::calendar:
+        return new CalendarPageView(model);
+    case Module::settings:
+        return new SettingsView(model);
     default:
         return nullptr;
     }

@@ -1,0 +1,270 @@
+#include "app/pages/CalendarPageView.h"
+
+#include "app/components/Card.h"
+#include "app/components/CopyChip.h"
+#include "app/components/IconButton.h"
+#include "app/components/InfoNote.h"
+#include "app/components/KeyMonitor.h"
+#include "app/components/Label.h"
+#include "app/components/MonthGrid.h"
+#include "app/components/SpreadRow.h"
+#include "app/components/Tag.h"
+#include "app/look/Theme.h"
+#include "app/model/AppModel.h"
+#include "app/model/Text.h"
+#include "core/CalendarGrid.h"
+#include "core/CalendarKit.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace zelta {
+
+namespace {
+
+/// A small window gets lower tiles, so that most of a month of six weeks stays in sight.
+int tileHeight(int windowHeight)
+{
+    constexpr int low = 44;
+    constexpr int high = 54;
+    constexpr int smallWindow = 620;
+    constexpr int regularWindow = 760;
+    return std::clamp(low + (windowHeight - smallWindow) * (high - low) / (regularWindow - smallWindow), low,
+                      high);
+}
+
+/// Two texts of different size on one baseline.
+QLayout* baselineRow(Label* large, Label* small)
+{
+    constexpr int gap = 12;
+    const int drop = QFontMetrics(large->font()).ascent() - QFontMetrics(small->font()).ascent();
+    small->setContentsMargins(0, drop, 0, 0);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(gap);
+    row->addWidget(large, 0, Qt::AlignTop);
+    row->addWidget(small, 0, Qt::AlignTop);
+    return row;
+}
+
+IconButton* borderedIcon(std::string_view symbol, const QString& help, QWidget* parent)
+{
+    auto* button = new IconButton(symbol, help, parent);
+    button->setLook(Button::Look::bordered);
+    button->setSymbolSize(16);
+    button->setInk(Theme::Token::text);
+    return button;
+}
+
+} // namespace
+
+CalendarPageView::CalendarPageView(AppModel& model, QWidget* parent)
+    : QWidget(parent)
+    , m_model(model)
+{
+    constexpr int noteGap = 10;
+    constexpr int noteIndent = 4;
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(Metric::partSpacing);
+    column->addWidget(makeMonthCard());
+
+    auto* selectedDay = new QVBoxLayout;
+    selectedDay->setSpacing(noteGap);
+    selectedDay->addWidget(makeSelectedDayCard());
+    auto* note
+        = new InfoNote(QStringLiteral("Arrow keys move a month and T jumps to today. Shaded days are your "
+                                      "weekend — change the rule in Settings."),
+                       "lightbulb.fill", this);
+    note->layout()->setContentsMargins(noteIndent, 0, noteIndent, 0);
+    selectedDay->addWidget(note);
+    column->addLayout(selectedDay);
+
+    new KeyMonitor(this, [this](const QKeyEvent& event) { return actionForKey(event); });
+    connect(&model, &AppModel::weekendRuleChanged, this, &CalendarPageView::refresh);
+    goToToday();
+}
+
+QWidget* CalendarPageView::makeMonthCard()
+{
+    constexpr int buttonGap = 6;
+    constexpr int belowHead = 14;
+    auto* card = new Card(this);
+    // The buttons come first in the tab order, so they are made before what stands left of them.
+    auto* previous = borderedIcon("chevron-left", QStringLiteral("Previous month"), card);
+    auto* today = new Button(QStringLiteral("Today"), card);
+    auto* next = borderedIcon("chevron-right", QStringLiteral("Next month"), card);
+    connect(previous, &QPushButton::clicked, this, [this] { step(-1); });
+    connect(today, &QPushButton::clicked, this, &CalendarPageView::goToToday);
+    connect(next, &QPushButton::clicked, this, [this] { step(1); });
+
+    m_title = new Label({}, Theme::FontRole::headline, Theme::Token::text, card);
+    m_title->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_summary = new Label({}, Theme::FontRole::body, Theme::Token::textSecondary, card);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(buttonGap);
+    for (QWidget* button :
+         {static_cast<QWidget*>(previous), static_cast<QWidget*>(today), static_cast<QWidget*>(next)})
+        buttons->addWidget(button);
+    auto* head = new QHBoxLayout;
+    head->setContentsMargins(0, 0, 0, belowHead);
+    head->addLayout(baselineRow(m_title, m_summary));
+    head->addStretch(1);
+    head->addLayout(buttons);
+    card->content()->addLayout(head);
+
+    m_grid = new MonthGrid(DayTile::Look::page, card);
+    connect(m_grid, &MonthGrid::dayChosen, this, [this](const DayCell& cell) { select(cell.date); });
+    connect(m_grid, &MonthGrid::moveRequested, this, &CalendarPageView::moveSelected);
+    card->content()->addWidget(m_grid);
+    return card;
+}
+
+QWidget* CalendarPageView::makeSelectedDayCard()
+{
+    auto* card = new Card(QStringLiteral("Selected day"), "hand.tap.fill", this);
+    auto* day = new QWidget(card);
+    auto* row = new QHBoxLayout(day);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(SpreadRow::gap);
+    m_selectedDate = new Label({}, Theme::FontRole::value, Theme::Token::text, day);
+    m_dayKind = new Tag({}, day);
+    row->addWidget(m_selectedDate);
+    row->addWidget(m_dayKind);
+    m_chip = new CopyChip(m_model.clock(), Module::calendar, card);
+    card->content()->addWidget(new SpreadRow(day, m_chip, card));
+    return card;
+}
+
+std::function<void()> CalendarPageView::actionForKey(const QKeyEvent& event)
+{
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return {};
+    switch (event.key()) {
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+        return [this] { step(1); };
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+        return [this] { step(-1); };
+    case Qt::Key_T:
+        return [this] { goToToday(); };
+    default:
+        return {};
+    }
+}
+
+void CalendarPageView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    // A window that comes back from the task bar goes on where it was.
+    if (event->spontaneous())
+        return;
+    window()->installEventFilter(this);
+    fitTiles();
+    goToToday();
+    waitForMidnight();
+}
+
+void CalendarPageView::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous())
+        m_midnight.cancel();
+}
+
+void CalendarPageView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    // Delays stand still while the computer sleeps: midnight may have passed unnoticed.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible()) {
+        refresh();
+        waitForMidnight();
+    }
+}
+
+bool CalendarPageView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == window() && event->type() == QEvent::Resize)
+        fitTiles();
+    return QWidget::eventFilter(watched, event);
+}
+
+DateOptions CalendarPageView::options() const
+{
+    return {.includeEndDate = false,
+            .weekendRule = m_model.weekendRule(),
+            .timeZoneIdentifier = m_model.timeZoneIdentifier()};
+}
+
+void CalendarPageView::step(int months)
+{
+    m_cursor.step(months, options());
+    refresh();
+}
+
+void CalendarPageView::goToToday()
+{
+    m_cursor.goTo(m_model.today());
+    refresh();
+}
+
+void CalendarPageView::select(Instant day)
+{
+    m_cursor.selected = day;
+    refresh();
+}
+
+void CalendarPageView::moveSelected(int days)
+{
+    m_cursor.moveSelected(days, options());
+    refresh();
+}
+
+void CalendarPageView::refresh()
+{
+    const DateOptions current = options();
+    const Calendar calendar = current.calendar();
+    m_title->setText(toQt(CalendarGrid::title(m_cursor.anchor, current)));
+    m_summary->setText(toQt(current.weekendRule.summary()));
+    m_grid->showMonth(CalendarGrid::month(m_cursor.anchor, current, m_model.today()),
+                      CalendarKit::dayKey(m_cursor.selected, calendar), calendar);
+    showSelectedDay(calendar);
+}
+
+void CalendarPageView::showSelectedDay(const Calendar& calendar)
+{
+    const QString date = toQt(CalendarKit::longDate(m_cursor.selected, calendar));
+    m_selectedDate->setText(date);
+    m_chip->setCopyText(date);
+    if (m_model.weekendRule().isWeekend(CalendarKit::weekday(m_cursor.selected, calendar))) {
+        m_dayKind->setText(QStringLiteral("Weekend"));
+        m_dayKind->setColors(Theme::Token::weekendInk, Theme::Token::weekendFill);
+    } else {
+        m_dayKind->setText(QStringLiteral("Working day"));
+        m_dayKind->setColors(Theme::Token::workdayInk, Theme::Token::workdayFill);
+    }
+}
+
+/// Today moves on while the page is open.
+void CalendarPageView::waitForMidnight()
+{
+    const Instant now = m_model.clock().now();
+    const Calendar calendar = m_model.calendar();
+    // Noon of the next day always exists, whatever happens to its midnight.
+    const auto tomorrow = calendar.instantOrAfterJump({calendar.civilDay(now).addingDays(1), 12});
+    const Instant midnight = tomorrow ? calendar.startOfDay(*tomorrow) : now + std::chrono::hours(24);
+    m_midnight = m_model.clock().after(std::chrono::ceil<std::chrono::milliseconds>(midnight - now), [this] {
+        refresh();
+        waitForMidnight();
+    });
+}
+
+void CalendarPageView::fitTiles()
+{
+    m_grid->setTileHeight(tileHeight(window()->height()));
+}
+
+} // namespace zelta

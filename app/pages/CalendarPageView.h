@@ -1,0 +1,65 @@
+#pragma once
+
+#include "app/model/Clock.h"
+#include "app/pages/MonthCursor.h"
+#include "core/DateOptions.h"
+
+#include <QWidget>
+#include <functional>
+
+class QKeyEvent;
+
+namespace zelta {
+
+class AppModel;
+class CopyChip;
+class Label;
+class MonthGrid;
+class SpreadRow;
+class Tag;
+
+/// A month at a glance with the weekend shaded, turned over with buttons or keys; a day's date can be copied.
+/// Begins with today each time it is shown, and keeps nothing.
+class CalendarPageView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CalendarPageView(AppModel& model, QWidget* parent = nullptr);
+
+    const MonthCursor& cursor() const { return m_cursor; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* makeMonthCard();
+    QWidget* makeSelectedDayCard();
+    std::function<void()> actionForKey(const QKeyEvent& event);
+
+    DateOptions options() const;
+    void step(int months);
+    void goToToday();
+    void select(Instant day);
+    void moveSelected(int days);
+
+    void refresh();
+    void showSelectedDay(const Calendar& calendar);
+    void waitForMidnight();
+    void fitTiles();
+
+    AppModel& m_model;
+    MonthCursor m_cursor;
+    Clock::Task m_midnight;
+    Label* m_title = nullptr;
+    Label* m_summary = nullptr;
+    MonthGrid* m_grid = nullptr;
+    Label* m_selectedDate = nullptr;
+    Tag* m_dayKind = nullptr;
+    CopyChip* m_chip = nullptr;
+};
+
+} // namespace zelta
