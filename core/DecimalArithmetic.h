@@ -13,6 +13,27 @@
 
 namespace zelta {
 
+namespace detail {
+
+/// 10^n / 2 at [n], ready to divide by; n in [1:38].
+inline constexpr auto halfPowersOfTen = []<std::size_t... n>(std::index_sequence<n...>)
+{
+    return std::array {WideDivisor(n == 0 ? 1 : powersOfTen[n] / 2)...};
+}
+(std::make_index_sequence<powersOfTen.size()> {});
+
+/// How many digits more than 38 a number of 39 to 76 digits has.
+constexpr int digitsBeyond38(UInt256 value)
+{
+    // As in digitCount, the guess is exact or one too small.
+    const int guess = std::max(((128 + bitWidth(value.high)) * 1233 >> 12) - Decimal::maxDigits, 0);
+    const UInt256 limit = multiplyWide(powerOfTen(Decimal::maxDigits), powerOfTen(guess));
+    const bool isBeyond = value.high > limit.high || (value.high == limit.high && value.low >= limit.low);
+    return guess + (isBeyond ? 1 : 0);
+}
+
+} // namespace detail
+
 constexpr Decimal::Decimal(std::int64_t integer)
     : m_mantissa(integer < 0 ? UInt128 {0} - static_cast<UInt128>(integer) : static_cast<UInt128>(integer))
     , m_negative(integer < 0)
@@ -27,6 +48,9 @@ constexpr Decimal Decimal::outOfRange()
 
 constexpr Decimal Decimal::nearest(bool negative, UInt128 magnitude, int exponent)
 {
+    // Nearly always nothing is to be done; 0 wraps around and takes the long way.
+    if (magnitude - 1 < powerOfTen(maxDigits) - 1 && exponent >= minExponent && exponent <= maxExponent)
+        return {negative, magnitude, exponent};
     const int excess = std::max({digitCount(magnitude) - maxDigits, minExponent - exponent, 0});
     if (excess > 0) {
         if (excess > maxDigits + 1)
@@ -54,22 +78,15 @@ constexpr Decimal Decimal::nearest(bool negative, UInt128 magnitude, int exponen
 
 constexpr Decimal Decimal::nearest(bool negative, UInt256 magnitude, int exponent)
 {
-    if (magnitude.high == 0 && magnitude.low < 2 * powerOfTen(maxDigits))
+    if (magnitude.high == 0)
         return nearest(negative, magnitude.low, exponent);
-    // At least 2 × 10^38: first down to 39 or more digits that fit 128 bits, one of them to be cut off.
-    int excess = 1;
-    while (excess < maxDigits) {
-        const UInt256 limit = multiplyWide(powerOfTen(maxDigits), powerOfTen(excess));
-        if (magnitude.high < limit.high || (magnitude.high == limit.high && magnitude.low < limit.low))
-            break;
-        ++excess;
-    }
-    const UInt128 kept = divideWide(magnitude, powerOfTen(excess - 1) * 5).quotient;
-    // `kept` counts halves of the last place that stays: two of them are one, and an odd one rounds up.
-    if (exponent + excess >= minExponent)
-        return nearest(negative, kept / 2 + kept % 2, exponent + excess);
-    // Below the smallest exponent more digits go at once; the ones cut off here cannot decide any more.
-    return nearest(negative, kept / 2, exponent + excess);
+    const int excess = detail::digitsBeyond38(magnitude);
+    const UInt128 halves
+        = detail::halfPowersOfTen[static_cast<std::size_t>(excess)].divide(magnitude).quotient;
+    exponent += excess;
+    // Two halves of the last place that stays are one, and an odd one rounds up. Where the exponent is too
+    // small for that place more digits go at once, and what is cut off here cannot decide any more.
+    return nearest(negative, halves / 2 + (exponent >= minExponent ? halves % 2 : 0), exponent);
 }
 
 constexpr Decimal Decimal::sum(const Decimal& a, const Decimal& b, bool bNegative)
@@ -142,8 +159,8 @@ constexpr Decimal Decimal::quotient(const Decimal& a, const Decimal& b)
     const int bRoom = maxDigits - digitCount(b.m_mantissa);
     const UInt128 dividend = a.m_mantissa * powerOfTen(aRoom);
     const UInt128 divisor = b.m_mantissa * powerOfTen(bRoom);
-    const int shift = dividend < divisor ? maxDigits : maxDigits - 1;
-    const auto [digits, remainder] = divideWide(multiplyWide(dividend, powerOfTen(shift)), divisor);
+    const int shift = maxDigits - (dividend < divisor ? 0 : 1);
+    const auto [digits, remainder] = WideDivisor(divisor).divide(multiplyWide(dividend, powerOfTen(shift)));
     const bool negative = a.m_negative != b.m_negative;
     const int exponent = (a.m_exponent - aRoom) - (b.m_exponent - bRoom) - shift;
     if (exponent < minExponent)

@@ -103,13 +103,17 @@ std::string string(const Decimal& value, int maxPlaces, bool grouping)
 
 std::string grouped(std::string_view number)
 {
-    std::string text(number);
     const std::size_t begin = number.starts_with('-') ? 1 : 0;
-    for (std::size_t at = std::min(number.find('.'), number.size()); at > begin + 3;) {
-        at -= 3;
-        text.insert(at, 1, ',');
-    }
-    return text;
+    const std::size_t end = std::min(number.find('.'), number.size());
+    if (end < begin + 4)
+        return std::string(number);
+    std::string text;
+    text.reserve(number.size() + (end - begin) / 3);
+    std::size_t at = begin + (end - begin - 1) % 3 + 1;
+    text += number.substr(0, at);
+    for (; at < end; at += 3)
+        (text += ',') += number.substr(at, 3);
+    return text += number.substr(end);
 }
 
 std::string integer(std::int64_t value)

@@ -7,21 +7,15 @@
 
 namespace zelta {
 
-// The compiler's 128-bit integer is an extension; this is the one place that names it.
+// The compiler's 128-bit integers are an extension; this is the one place that names them.
 __extension__ using UInt128 = unsigned __int128;
+__extension__ using Int128 = __int128;
 
 /// An unsigned integer of 256 bits, for products of two mantissas and numerators of quotients.
 struct UInt256
 {
     UInt128 high = 0;
     UInt128 low = 0;
-};
-
-/// Quotient and remainder of one division.
-struct WideQuotient
-{
-    UInt128 quotient;
-    UInt128 remainder;
 };
 
 /// 10^n at [n], n in [0:38].
@@ -51,7 +45,8 @@ constexpr std::uint64_t highHalf(UInt128 value)
 constexpr int bitWidth(UInt128 value)
 {
     const std::uint64_t high = highHalf(value);
-    return static_cast<int>(high != 0 ? 64 + std::bit_width(high) : std::bit_width(lowHalf(value)));
+    const std::uint64_t top = high != 0 ? high : lowHalf(value);
+    return (high != 0 ? 64 : 0) + static_cast<int>(std::bit_width(top));
 }
 
 /// Number of decimal digits: 0 for 0, 1 for 9, 2 for 10.
@@ -84,36 +79,103 @@ constexpr UInt256 subtract(UInt256 a, UInt128 b)
     return {a.high - (a.low < b ? 1 : 0), a.low - b};
 }
 
-namespace detail {
-
-/// One 64-bit digit of a long division (Knuth, The Art of Computer Programming, 4.3.1, algorithm D):
-/// (upper × 2^64 + next) / divisor, where upper < divisor and the divisor's highest bit is set.
-constexpr WideQuotient divideStep(UInt128 upper, std::uint64_t next, UInt128 divisor)
+/// Quotient and remainder of one division.
+struct WideQuotient
 {
-    const UInt128 d1 = highHalf(divisor);
-    const UInt128 d0 = lowHalf(divisor);
-    constexpr UInt128 largest = ~std::uint64_t {0};
-    UInt128 digit = highHalf(upper) >= d1 ? largest : upper / d1;
-    UInt128 rest = upper - digit * d1;
-    while (highHalf(rest) == 0 && digit * d0 > ((rest << 64) | next)) {
-        --digit;
-        rest += d1;
+    UInt128 quotient;
+    UInt128 remainder;
+};
+
+/// A divisor made ready once, so that dividing by it takes multiplications only: a division instruction
+/// takes longer than all of them. After N. Möller and T. Granlund, "Improved division by invariant
+/// integers" (IEEE Transactions on Computers 60, 2011), algorithms 5 and 6.
+class WideDivisor
+{
+public:
+    /// The divisor is not 0.
+    constexpr explicit WideDivisor(UInt128 divisor)
+        : m_shift(128 - bitWidth(divisor))
+        , m_divisor(divisor << m_shift)
+        , m_reciprocal(reciprocal(m_divisor))
+    { }
+
+    /// The quotient fits 128 bits: the dividend's high half is below the divisor.
+    constexpr WideQuotient divide(UInt256 dividend) const
+    {
+        if (m_shift > 0)
+            dividend
+                = {(dividend.high << m_shift) | (dividend.low >> (128 - m_shift)), dividend.low << m_shift};
+        const auto [high, rest] = divideStep(dividend.high, highHalf(dividend.low));
+        const auto [low, remainder] = divideStep(rest, lowHalf(dividend.low));
+        return {(high << 64) | low, remainder >> m_shift};
     }
-    return {digit, ((upper << 64) | next) - digit * divisor};
-}
 
-} // namespace detail
+private:
+    /// floor((2^128 - 1) / d) - 2^64, where d has its highest bit set.
+    static constexpr std::uint64_t reciprocal(std::uint64_t d)
+    {
+        // A floating quotient is right to 51 bits and here never too large to be held; one step of Newton's
+        // gives the rest, but for the last unit.
+        const double half = 0x1.fffffffffffffp115 / static_cast<double>(static_cast<std::int64_t>(d >> 11));
+        std::uint64_t v = static_cast<std::uint64_t>(static_cast<std::int64_t>(half - 0x1p63)) << 1;
+        const auto error = [&] { return static_cast<Int128>(~(UInt128 {d} << 64) - UInt128 {v} * d); };
+        const Int128 distance = error() >> 48;
+        v += static_cast<std::uint64_t>(((distance << 64) + distance * v) >> 80);
+        Int128 rest = error();
+        for (; rest < 0; rest += d)
+            --v;
+        for (; rest >= d; rest -= d)
+            ++v;
+        return v;
+    }
 
-/// Divides; the quotient fits 128 bits, which means that dividend.high < divisor.
-constexpr WideQuotient divideWide(UInt256 dividend, UInt128 divisor)
-{
-    const int shift = 128 - bitWidth(divisor);
-    const UInt128 scaled = divisor << shift;
-    if (shift > 0)
-        dividend = {(dividend.high << shift) | (dividend.low >> (128 - shift)), dividend.low << shift};
-    const auto [high, rest] = detail::divideStep(dividend.high, highHalf(dividend.low), scaled);
-    const auto [low, remainder] = detail::divideStep(rest, lowHalf(dividend.low), scaled);
-    return {(high << 64) | low, remainder >> shift};
-}
+    /// floor((2^192 - 1) / d) - 2^64, where d has its highest bit set.
+    static constexpr std::uint64_t reciprocal(UInt128 d)
+    {
+        const std::uint64_t d1 = highHalf(d);
+        const std::uint64_t d0 = lowHalf(d);
+        std::uint64_t v = reciprocal(d1);
+        std::uint64_t p = d1 * v + d0;
+        if (p < d0) {
+            --v;
+            if (p >= d1) {
+                --v;
+                p -= d1;
+            }
+            p -= d1;
+        }
+        const UInt128 t = UInt128 {v} * d0;
+        p += highHalf(t);
+        if (p < highHalf(t)) {
+            --v;
+            if (((UInt128 {p} << 64) | lowHalf(t)) >= d)
+                --v;
+        }
+        return v;
+    }
+
+    /// One 64-bit digit: (upper × 2^64 + next) / divisor, where upper is below the divisor.
+    constexpr WideQuotient divideStep(UInt128 upper, std::uint64_t next) const
+    {
+        const UInt128 q = UInt128 {m_reciprocal} * highHalf(upper) + upper;
+        std::uint64_t digit = highHalf(q);
+        const std::uint64_t top = lowHalf(upper) - digit * highHalf(m_divisor);
+        UInt128 rest = ((UInt128 {top} << 64) | next) - m_divisor - UInt128 {digit} * lowHalf(m_divisor);
+        ++digit;
+        if (highHalf(rest) >= lowHalf(q)) {
+            --digit;
+            rest += m_divisor;
+        }
+        if (rest >= m_divisor) {
+            ++digit;
+            rest -= m_divisor;
+        }
+        return {digit, rest};
+    }
+
+    int m_shift; ///< Brings the divisor's highest bit to the top.
+    UInt128 m_divisor; ///< Shifted.
+    std::uint64_t m_reciprocal;
+};
 
 } // namespace zelta
