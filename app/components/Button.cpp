@@ -180,7 +180,7 @@ int Button::contentWidth(const QString& label) const
 
 int Button::padding() const
 {
-    return m_size == Size::small ? 10 : 12;
+    return m_size == Size::small ? 11 : 13; // the line's pixel included
 }
 
 int Button::gap() const

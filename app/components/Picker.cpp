@@ -98,8 +98,8 @@ void Picker::wheelEvent(QWheelEvent* event)
 
 void Picker::paintEvent(QPaintEvent* /*event*/)
 {
-    constexpr int left = 12;
-    constexpr int right = 10;
+    constexpr int left = 13;
+    constexpr int right = 11;
     constexpr int gap = 8;
     constexpr int symbolSize = 14;
     QPainter painter(this);

@@ -44,6 +44,11 @@ bool DesktopLook::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::ApplicationPaletteChange && watched == parent() && !m_isApplying)
         readDesktopPalette();
+    if (event->type() == QEvent::Expose && !m_hasAsked) {
+        m_hasAsked = true;
+        // Queued, because the window paints itself while it handles this event.
+        QMetaObject::invokeMethod(m_portal, &SettingsPortal::ask, Qt::QueuedConnection);
+    }
     return QObject::eventFilter(watched, event);
 }
 

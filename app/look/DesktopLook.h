@@ -12,7 +12,8 @@ class SettingsPortal;
 /// runs.
 ///
 /// The desktop says so by the palette that Qt starts with or changes to; where that palette is light because
-/// nobody has set one, by the settings portal, which is asked after the start and never waited for.
+/// nobody has set one, by the settings portal, which is asked when the first window has been painted and
+/// never waited for.
 class DesktopLook : public QObject
 {
     Q_OBJECT
@@ -28,6 +29,7 @@ private:
 
     bool m_paletteIsDark = false;
     bool m_isApplying = false;
+    bool m_hasAsked = false;
     SettingsPortal* m_portal;
 };
 

@@ -24,10 +24,7 @@ bool hasSessionBus()
 
 SettingsPortal::SettingsPortal(QObject* parent)
     : QObject(parent)
-{
-    if (hasSessionBus())
-        QMetaObject::invokeMethod(this, &SettingsPortal::ask, Qt::QueuedConnection);
-}
+{ }
 
 SettingsPortal::ColorScheme SettingsPortal::colorScheme() const
 {
@@ -42,6 +39,8 @@ void SettingsPortal::settingChanged(const QString& group, const QString& key, co
 
 void SettingsPortal::ask()
 {
+    if (!hasSessionBus())
+        return;
     const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
     const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
     // A slot's types are found by name, and nobody has named this one yet: the signal would be refused.

@@ -20,6 +20,10 @@ public:
 
     explicit SettingsPortal(QObject* parent = nullptr);
 
+    /// Asks, and listens from then on. Connecting takes a few milliseconds: not before the first window is
+    /// there.
+    void ask();
+
     /// The last answer; no preference until there is one.
     ColorScheme colorScheme() const;
 
@@ -30,7 +34,6 @@ private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
-    void ask();
     void readAnswer(QDBusPendingCallWatcher* watcher);
     void setColorScheme(const QVariant& value);
 

@@ -99,7 +99,7 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
     case CT_LineEdit:
         return {contents.width(), Metric::fieldHeight};
     case CT_PushButton: {
-        constexpr int padding = 12;
+        constexpr int padding = 13;
         return {contents.width() + 2 * padding, Metric::buttonHeight};
     }
     default:
@@ -134,7 +134,7 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
 
 QRect Style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const
 {
-    constexpr int fieldPadding = 8; // Qt's line edit adds 2 of its own
+    constexpr int fieldPadding = 9; // Qt's line edit adds 2 of its own
     constexpr int narrowPadding = 2;
     constexpr int narrowField = 80;
     if (element == SE_LineEditContents) {

@@ -64,7 +64,7 @@ void PageChrome::resizeEvent(QResizeEvent* event)
 QWidget* PageChrome::makeHeader(QWidget* column)
 {
     auto* header = new QWidget(column);
-    header->setMinimumHeight(headerHeight);
+    header->setFixedHeight(headerHeight); // two lines, a little tighter than the font's own spacing
     auto* layout = new QHBoxLayout(header);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(headerGap);

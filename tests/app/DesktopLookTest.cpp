@@ -101,6 +101,8 @@ TEST_F(DesktopPortalTest, TurnsDarkWhenOnlyThePortalSaysSo)
     test::StandInPortal portal(preferDark);
     ASSERT_TRUE(portal.isReady());
     const DesktopLook look(application());
+    QWidget window;
+    window.show();
     EXPECT_EQ(Theme::appearance(), Appearance::light) << "the start does not wait for the portal";
     EXPECT_TRUE(becomes(Appearance::dark));
     portal.setColorScheme(preferLight);
