@@ -5,6 +5,7 @@
 #include "app/model/Text.h"
 #include "app/pages/CalendarPageView.h"
 #include "app/pages/ConverterView.h"
+#include "app/pages/DurationView.h"
 #include "app/pages/PercentView.h"
 #include "app/pages/SettingsView.h"
 #include "app/shell/AboutDialog.h"
@@ -53,6 +54,8 @@ QWidget* makeContent(Module module, AppModel& model)
         return new ConverterView(model);
     case Module::calendar:
         return new CalendarPageView(model);
+    case Module::duration:
+        return new DurationView(model);
     case Module::settings:
         return new SettingsView(model);
     default:

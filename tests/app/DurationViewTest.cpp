@@ -1,0 +1,296 @@
+#include "app/pages/DurationView.h"
+
+#include "app/components/ResultList.h"
+#include "app/components/Switch.h"
+#include "app/model/Text.h"
+#include "app/pages/DateInput.h"
+#include "core/CalendarKit.h"
+#include "tests/app/support/TestModel.h"
+#include "tests/support/Environment.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+namespace zelta::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The page by itself. It is Saturday, 7 March 2026, 13:00 in Paris.
+struct Stage
+{
+    Environment zone {"TZ", "Europe/Paris"};
+    TestModel test;
+    DurationView page {test.model};
+
+    Stage()
+    {
+        page.resize(840, 900);
+        page.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&page));
+    }
+
+    QLineEdit* field(const char* name) const
+    {
+        for (QLineEdit* field : page.findChildren<QLineEdit*>()) {
+            if (field->accessibleName() == toQt(name))
+                return field;
+        }
+        ADD_FAILURE() << "no field " << name;
+        return nullptr;
+    }
+
+    /// As a person does it: select what is there, and type.
+    void type(const char* name, const char* text) const
+    {
+        QLineEdit* line = field(name);
+        line->setFocus();
+        line->selectAll();
+        QTest::keyClicks(line, toQt(text));
+    }
+
+    void paste(const char* name, const char* text) const
+    {
+        QApplication::clipboard()->setText(toQt(text));
+        QLineEdit* line = field(name);
+        line->selectAll();
+        if (*text == '\0')
+            QTest::keyClick(line, Qt::Key_Delete);
+        else
+            line->paste();
+    }
+
+    void typeDate(const std::string& which, const char* day, const char* month, const char* year) const
+    {
+        type((which + ", day").c_str(), day);
+        type((which + ", month").c_str(), month);
+        type((which + ", year").c_str(), year);
+    }
+
+    std::string fields(const std::string& which) const
+    {
+        std::string texts;
+        for (const char* part : {", day", ", month", ", year"})
+            texts += toUtf8(field((which + part).c_str())->text()) + "|";
+        return texts;
+    }
+
+    std::vector<QAbstractButton*> buttons(const QString& name) const
+    {
+        std::vector<QAbstractButton*> found;
+        for (QAbstractButton* button : page.findChildren<QAbstractButton*>()) {
+            if (button->accessibleName() == name || button->text() == name)
+                found.push_back(button);
+        }
+        return found;
+    }
+
+    void press(const char* name, std::size_t which = 0) const { buttons(toQt(name)).at(which)->click(); }
+
+    /// How many times a text is to be seen.
+    int count(const char* text) const
+    {
+        int found = 0;
+        for (const QLabel* label : page.findChildren<QLabel*>())
+            found += label->isVisibleTo(&page) && label->text() == toQt(text) ? 1 : 0;
+        for (const QAbstractButton* button : page.findChildren<QAbstractButton*>())
+            found += button->isVisibleTo(&page) && button->text() == toQt(text) ? 1 : 0;
+        return found;
+    }
+
+    std::string row(std::string_view label) const
+    {
+        for (const ResultRow& row : page.findChild<ResultList*>()->rows()) {
+            if (row.label == label)
+                return row.value;
+        }
+        return "none";
+    }
+
+    std::string title() const { return page.findChild<ResultList*>()->title(); }
+};
+
+TEST(DurationPage, BeginsWithTodayTwice)
+{
+    const Stage stage;
+    EXPECT_EQ(stage.fields("Start date"), "07|03|2026|");
+    EXPECT_EQ(stage.fields("End date"), "07|03|2026|");
+    EXPECT_EQ(stage.row("Total days"), "0");
+    EXPECT_EQ(stage.buttons(QStringLiteral("Saturday, 7 March 2026")).size(), 2U);
+    EXPECT_EQ(stage.title(), "Sat, 07 Mar 2026 → Sat, 07 Mar 2026");
+}
+
+TEST(DurationPage, ComputesWhatIsTyped)
+{
+    const Stage stage;
+    stage.typeDate("Start date", "02", "03", "2026");
+    stage.typeDate("End date", "15", "04", "2026");
+    EXPECT_EQ(stage.row("Total days"), "44");
+    EXPECT_EQ(stage.row("Workdays"), "32");
+    EXPECT_EQ(stage.row("Daylight-saving shift"), "\u22121h 00m 00s");
+    EXPECT_EQ(stage.title(), "Mon, 02 Mar 2026 → Wed, 15 Apr 2026");
+    EXPECT_EQ(stage.buttons(QStringLiteral("Monday, 2 March 2026")).size(), 1U);
+    EXPECT_EQ(stage.count("Wed"), 1);
+}
+
+TEST(DurationPage, DoesNotRewriteWhatIsTyped)
+{
+    const Stage stage;
+    stage.type("Start date, day", "2");
+    EXPECT_EQ(stage.fields("Start date"), "2|03|2026|");
+    EXPECT_EQ(stage.row("Total days"), "5");
+    stage.type("Start date, day", "+6");
+    EXPECT_EQ(stage.fields("Start date"), "+6|03|2026|");
+    EXPECT_EQ(stage.row("Total days"), "1");
+}
+
+TEST(DurationPage, AnUnfinishedEntryIsNeverWrong)
+{
+    const Stage stage;
+    for (const char* part : {"", "7a", "-", "April", "12345678901234567890", "31/04/2026"}) {
+        stage.paste("End date, day", part);
+        EXPECT_EQ(stage.count("Not a real date"), 0) << part;
+        EXPECT_EQ(stage.row("To"), "Saturday, 7 March 2026") << part;
+    }
+    stage.type("End date, year", "26");
+    stage.paste("End date, day", "31");
+    stage.paste("End date, month", "04");
+    EXPECT_EQ(stage.count("Not a real date"), 0);
+    EXPECT_EQ(stage.row("To"), "Saturday, 7 March 2026");
+}
+
+TEST(DurationPage, ADateThatDoesNotExistLeavesTheOneInForce)
+{
+    const Stage stage;
+    stage.type("End date, year", "20");
+    stage.typeDate("End date", "31", "04", "2026");
+    EXPECT_EQ(stage.count("Not a real date"), 1);
+    EXPECT_EQ(stage.row("To"), "Saturday, 7 March 2026");
+    EXPECT_EQ(stage.count("Sat"), 2); // the badges tell the dates in force
+    stage.type("End date, day", "30");
+    EXPECT_EQ(stage.count("Not a real date"), 0);
+    EXPECT_EQ(stage.row("To"), "Thursday, 30 April 2026");
+}
+
+TEST(DurationPage, TheWarningMovesNothing)
+{
+    const Stage stage;
+    const int before = stage.page.findChild<ResultList*>()->y();
+    stage.typeDate("End date", "31", "04", "2026");
+    ASSERT_EQ(stage.count("Not a real date"), 1);
+    QTest::qWait(0);
+    EXPECT_EQ(stage.page.findChild<ResultList*>()->y(), before);
+}
+
+TEST(DurationPage, TodayWritesTheDateOutInFull)
+{
+    const Stage stage;
+    stage.typeDate("Start date", "31", "04", "2026");
+    stage.press("Today");
+    EXPECT_EQ(stage.fields("Start date"), "07|03|2026|");
+    EXPECT_EQ(stage.count("Not a real date"), 0);
+}
+
+TEST(DurationPage, SwapsTheDates)
+{
+    const Stage stage;
+    stage.press("30 days");
+    stage.press("Swap the start and end dates");
+    EXPECT_EQ(stage.fields("Start date"), "06|04|2026|");
+    EXPECT_EQ(stage.fields("End date"), "07|03|2026|");
+    EXPECT_EQ(stage.row("Total days"), "30");
+    EXPECT_EQ(stage.row("Direction"), "End date is before start date");
+    EXPECT_EQ(stage.title(), "Mon, 06 Apr 2026 → Sat, 07 Mar 2026");
+    stage.press("Swap the start and end dates");
+    EXPECT_EQ(stage.row("Direction"), "none");
+    EXPECT_EQ(stage.row("Total days"), "30");
+}
+
+TEST(DurationPage, QuickSpansBeginToday)
+{
+    Stage stage;
+    stage.typeDate("Start date", "01", "01", "2020");
+    for (const auto& [name, end] : {std::pair("7 days", "14|03|2026|"),
+                                    {"30 days", "06|04|2026|"},
+                                    {"90 days", "05|06|2026|"},
+                                    {"1 year", "07|03|2027|"}}) {
+        stage.press(name);
+        EXPECT_EQ(stage.fields("Start date"), "07|03|2026|") << name;
+        EXPECT_EQ(stage.fields("End date"), end) << name;
+    }
+    // A year of 365 days: across a leap day it ends a day early. Today is asked for at the click.
+    stage.test.clock.setWallClock(Calendar("Europe/Paris").instant({{2027, 6, 1}, 12}).value());
+    stage.press("1 year");
+    EXPECT_EQ(stage.fields("Start date"), "01|06|2027|");
+    EXPECT_EQ(stage.fields("End date"), "31|05|2028|");
+    stage.press("Today", 2); // after those of the two dates
+    EXPECT_EQ(stage.fields("End date"), "01|06|2027|");
+}
+
+TEST(DurationPage, IncludesTheEndDate)
+{
+    const Stage stage;
+    stage.press("7 days");
+    stage.page.findChild<Switch*>()->click();
+    EXPECT_EQ(stage.row("Total days"), "8");
+    EXPECT_EQ(stage.row("To"), "Saturday, 14 March 2026");
+}
+
+TEST(DurationPage, ANewWeekendRuleCountsAtOnce)
+{
+    Stage stage;
+    stage.press("7 days");
+    EXPECT_EQ(stage.row("Workdays"), "5");
+    stage.test.model.setWeekendPresetID("none");
+    EXPECT_EQ(stage.row("Workdays"), "7");
+    EXPECT_EQ(
+        stage.count("Day counts follow calendar boundaries, so leap days and daylight-saving changes never "
+                    "shift the answer by a day. Weekends follow the rule set in Settings — currently No "
+                    "weekend."),
+        1);
+}
+
+TEST(DurationPage, SavesWhatStoodStill)
+{
+    Stage stage;
+    stage.press("7 days");
+    stage.test.clock.advance(1499ms);
+    EXPECT_TRUE(stage.test.model.store().history(10).empty());
+    stage.test.clock.advance(1ms);
+    const auto history = stage.test.model.store().history(10);
+    ASSERT_EQ(history.size(), 1U);
+    EXPECT_EQ(history[0].module, "duration");
+    EXPECT_EQ(history[0].title, "Sat, 07 Mar 2026 → Sat, 14 Mar 2026");
+    EXPECT_EQ(history[0].summary, "Total days: 7");
+}
+
+TEST(DurationPage, CopiesTheLongDate)
+{
+    const Stage stage;
+    const auto dates = stage.buttons(QStringLiteral("Saturday, 7 March 2026"));
+    ASSERT_GE(dates.size(), 2U);
+    EXPECT_EQ(dates[0]->toolTip(), QStringLiteral("Click to copy this date"));
+    QApplication::clipboard()->setText({});
+    dates[0]->click();
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Saturday, 7 March 2026"));
+}
+
+TEST(DurationPage, FieldsHaveTheirWidthsAndHints)
+{
+    const Stage stage;
+    EXPECT_EQ(stage.field("Start date, day")->width(), 54);
+    EXPECT_EQ(stage.field("Start date, month")->width(), 54);
+    EXPECT_EQ(stage.field("End date, year")->width(), 74);
+    EXPECT_EQ(stage.field("Start date, day")->placeholderText(), QStringLiteral("dd"));
+    EXPECT_EQ(stage.field("Start date, month")->placeholderText(), QStringLiteral("mm"));
+    EXPECT_EQ(stage.field("End date, year")->placeholderText(), QStringLiteral("yyyy"));
+}
+
+} // namespace
+} // namespace zelta::test
