@@ -6,6 +6,7 @@
 #include "app/pages/CalendarPageView.h"
 #include "app/pages/ConverterView.h"
 #include "app/pages/DurationView.h"
+#include "app/pages/HistoryView.h"
 #include "app/pages/PercentView.h"
 #include "app/pages/SettingsView.h"
 #include "app/shell/AboutDialog.h"
@@ -58,6 +59,8 @@ QWidget* makeContent(Module module, AppModel& model)
         return new DurationView(model);
     case Module::settings:
         return new SettingsView(model);
+    case Module::history:
+        return new HistoryView(model);
     default:
         return nullptr;
     }

@@ -1,0 +1,120 @@
+#include "app/pages/HistoryList.h"
+
+#include "app/pages/HistoryCard.h"
+
+#include <QApplication>
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+namespace zelta {
+
+namespace {
+
+constexpr int gap = 10;
+constexpr int batch = 12; // fills a window of usual height
+
+} // namespace
+
+void HistoryList::setEntries(std::vector<HistoryEntry> entries, TimeText timeText)
+{
+    m_timeText = std::move(timeText);
+    std::unordered_map<std::int64_t, HistoryCard*> kept;
+    for (HistoryCard* card : m_cards) {
+        if (card != nullptr)
+            kept.emplace(card->entry().id, card);
+    }
+    m_entries = std::move(entries);
+    m_cards.assign(m_entries.size(), nullptr);
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        const auto found = kept.find(m_entries[i].id);
+        if (found == kept.end() || found->second->entry() != m_entries[i])
+            continue;
+        m_cards[i] = found->second;
+        m_cards[i]->setTime(m_timeText(m_entries[i]));
+        kept.erase(found);
+    }
+    for (const auto& [id, card] : kept) {
+        card->hide();
+        card->deleteLater(); // its own button may be what asked for this
+    }
+    placeCards();
+}
+
+bool HistoryList::makeMore()
+{
+    int made = 0;
+    bool insideList = false;
+    for (std::size_t i = 0; i < m_entries.size() && made < batch; ++i) {
+        if (m_cards[i] != nullptr)
+            continue;
+        m_cards[i] = makeCard(m_entries[i]);
+        insideList = insideList
+            || std::any_of(m_cards.begin() + static_cast<std::ptrdiff_t>(i) + 1, m_cards.end(),
+                           [](const HistoryCard* later) { return later != nullptr; });
+        ++made;
+    }
+    if (made == 0)
+        return false;
+    if (insideList)
+        orderCards();
+    placeCards();
+    return true;
+}
+
+HistoryCard* HistoryList::card(std::int64_t id) const
+{
+    const auto found = std::find_if(m_cards.begin(), m_cards.end(), [id](const HistoryCard* card) {
+        return card != nullptr && card->entry().id == id;
+    });
+    return found == m_cards.end() ? nullptr : *found;
+}
+
+void HistoryList::resizeEvent(QResizeEvent* /*event*/)
+{
+    placeCards();
+}
+
+HistoryCard* HistoryList::makeCard(const HistoryEntry& entry)
+{
+    auto* card = new HistoryCard(entry, m_timeText(entry), this);
+    connect(card, &HistoryCard::copyRequested, this, [this, card] { Q_EMIT copyRequested(card->entry()); });
+    connect(card, &HistoryCard::deletionRequested, this,
+            [this, card] { Q_EMIT deletionRequested(card->entry()); });
+    connect(card, &HistoryCard::heightChanged, this, &HistoryList::placeCards);
+    return card;
+}
+
+/// Tab key and screen readers follow the order in which widgets were made, unless told.
+void HistoryList::orderCards()
+{
+    QWidget* before = nullptr;
+    for (HistoryCard* card : m_cards) {
+        if (card == nullptr)
+            continue;
+        card->raise();
+        for (QWidget* control : card->controls()) {
+            if (before != nullptr)
+                QWidget::setTabOrder(before, control);
+            before = control;
+        }
+    }
+}
+
+void HistoryList::placeCards()
+{
+    const int usualHeight = HistoryCard::usualHeight();
+    int y = 0;
+    for (HistoryCard* card : m_cards) {
+        int height = usualHeight;
+        if (card != nullptr) {
+            height = card->heightForWidth(width());
+            card->setGeometry(0, y, width(), height);
+            card->show();
+        }
+        y += height + gap;
+    }
+    setFixedHeight(std::max(0, y - gap));
+}
+
+} // namespace zelta

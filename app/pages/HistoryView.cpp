@@ -1,0 +1,159 @@
+#include "app/pages/HistoryView.h"
+
+#include "app/components/Button.h"
+#include "app/components/Card.h"
+#include "app/components/Clipboard.h"
+#include "app/components/ConfirmDialog.h"
+#include "app/components/EmptyState.h"
+#include "app/components/IconButton.h"
+#include "app/components/Label.h"
+#include "app/look/Theme.h"
+#include "app/model/AppModel.h"
+#include "app/model/Text.h"
+#include "app/pages/HistoryCard.h"
+#include "app/pages/HistoryList.h"
+#include "core/CalendarKit.h"
+
+#include <QVBoxLayout>
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace zelta {
+
+namespace {
+
+constexpr int mostEntries = 500;
+
+} // namespace
+
+HistoryView::HistoryView(AppModel& model, QWidget* parent)
+    : QWidget(parent)
+    , m_model(model)
+    , m_copyMark(model.clock(), [this] { showCopied(); })
+{
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(Metric::partSpacing);
+    column->addWidget(makeHeader());
+    m_list = new HistoryList(this);
+    column->addWidget(m_list);
+    m_empty = makeEmptyState();
+    column->addWidget(m_empty);
+
+    connect(m_list, &HistoryList::copyRequested, this, &HistoryView::copy);
+    connect(m_list, &HistoryList::deletionRequested, this, &HistoryView::remove);
+    connect(&model, &AppModel::historyTokenChanged, this, [this] {
+        if (isVisible())
+            load();
+    });
+}
+
+void HistoryView::showEvent(QShowEvent* event)
+{
+    load();
+    QWidget::showEvent(event);
+}
+
+QWidget* HistoryView::makeHeader()
+{
+    constexpr int height = 56;
+    auto* header = new Card(this);
+    header->setFixedHeight(height);
+    header->layout()->setContentsMargins(Metric::cardPadding, 0, Metric::cardPadding, 0);
+    m_count = new Label(QString(), Theme::FontRole::bodyBold, Theme::Token::text, header);
+    m_clear = new Button(QStringLiteral("Clear history"), "trash", header);
+    m_clear->setInk(Theme::Token::downInk);
+    connect(m_clear, &QPushButton::clicked, this, &HistoryView::confirmClearing);
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_count, 1);
+    row->addWidget(m_clear);
+    header->content()->addLayout(row);
+    return header;
+}
+
+QWidget* HistoryView::makeEmptyState()
+{
+    auto* card = new Card(this);
+    card->layout()->setContentsMargins(0, 0, 0, 0); // the state keeps its own distance
+    card->content()->addWidget(new EmptyState(
+        symbol(Module::history), QStringLiteral("Nothing saved yet"),
+        QStringLiteral("Calculations are saved automatically. You can turn that off in Settings."), card));
+    return card;
+}
+
+void HistoryView::load()
+{
+    std::vector<HistoryEntry> entries = m_model.store().history(mostEntries);
+    m_ids.clear();
+    for (const HistoryEntry& entry : entries)
+        m_ids.push_back(entry.id);
+    m_count->setText(toQt(std::to_string(entries.size()) + " saved"));
+    m_clear->setEnabled(!entries.empty());
+    m_empty->setVisible(entries.empty());
+    m_list->setVisible(!entries.empty());
+    // Zone and clock format are those of this moment, for cards that stay as well.
+    m_list->setEntries(std::move(entries), [this, calendar = m_model.calendar()](const HistoryEntry& entry) {
+        const std::string date = CalendarKit::fullDate(entry.createdAt, calendar);
+        return toQt(date + " · " + m_model.clockText(entry.createdAt));
+    });
+    makeMoreCards();
+}
+
+/// A batch now, the others one after another as soon as the window has nothing else to do.
+void HistoryView::makeMoreCards()
+{
+    using namespace std::chrono_literals;
+    if (m_list->makeMore())
+        m_nextCards = m_model.clock().after(1ms, [this] { makeMoreCards(); });
+}
+
+void HistoryView::copy(const HistoryEntry& entry)
+{
+    copyText(toQt(entry.detail));
+    m_copyMark.set(std::to_string(entry.id));
+}
+
+void HistoryView::showCopied()
+{
+    const auto mark = [this](bool copied) {
+        HistoryCard* card = m_marked ? m_list->card(*m_marked) : nullptr;
+        if (card != nullptr)
+            card->setCopied(copied);
+    };
+    mark(false);
+    const auto copied = std::find_if(m_ids.begin(), m_ids.end(),
+                                     [this](std::int64_t id) { return m_copyMark.isOn(std::to_string(id)); });
+    m_marked = copied == m_ids.end() ? std::nullopt : std::optional(*copied);
+    mark(true);
+}
+
+void HistoryView::remove(const HistoryEntry& entry)
+{
+    const std::int64_t id = entry.id;
+    const auto place = std::find(m_ids.begin(), m_ids.end(), id) - m_ids.begin();
+    const HistoryCard* card = m_list->card(id);
+    const bool hadFocus = card != nullptr && card->deleteButton()->hasFocus();
+    m_model.store().deleteHistory(id);
+    load();
+    if (!hadFocus || m_ids.empty())
+        return;
+    // Whoever deletes with the keyboard goes on with the next entry.
+    const auto next = std::min(static_cast<std::size_t>(place), m_ids.size() - 1);
+    if (const HistoryCard* neighbour = m_list->card(m_ids[next]))
+        neighbour->deleteButton()->setFocus(Qt::TabFocusReason);
+}
+
+void HistoryView::confirmClearing()
+{
+    ConfirmDialog::ask(*this,
+                       {.title = QStringLiteral("Clear the whole history?"),
+                        .text = QStringLiteral("This cannot be undone."),
+                        .action = QStringLiteral("Clear history")},
+                       [this] {
+                           m_model.store().clearHistory();
+                           load();
+                       });
+}
+
+} // namespace zelta

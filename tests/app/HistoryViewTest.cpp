@@ -1,0 +1,377 @@
+#include "app/pages/HistoryView.h"
+
+#include "app/components/Button.h"
+#include "app/components/ConfirmDialog.h"
+#include "app/components/EmptyState.h"
+#include "app/components/IconButton.h"
+#include "app/components/Label.h"
+#include "app/model/Text.h"
+#include "app/pages/HistoryCard.h"
+#include "app/pages/HistoryDetail.h"
+#include "tests/app/support/TestModel.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QTest>
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace zelta {
+namespace {
+
+using namespace std::chrono_literals;
+
+struct HistoryViewTest : testing::Test
+{
+    test::TestModel test;
+    HistoryView view {test.model};
+
+    HistoryViewTest() { view.resize(800, 700); }
+
+    void save(const std::string& title, const std::string& module = "percent",
+              Instant time = test::HandClock::noon)
+    {
+        ASSERT_TRUE(test.model.store().addHistory(
+            {0, time, module, title, "Summary of " + title, "First of " + title + "\nSecond"}));
+    }
+
+    /// Shows the page and lets it make all its cards.
+    void show()
+    {
+        view.show();
+        test.clock.advance(1s);
+    }
+
+    /// From the top of the page down.
+    std::vector<HistoryCard*> cards() const
+    {
+        std::vector<HistoryCard*> shown;
+        for (auto* card : view.findChildren<HistoryCard*>()) {
+            if (card->isVisible())
+                shown.push_back(card);
+        }
+        std::sort(shown.begin(), shown.end(), [](auto* a, auto* b) { return a->y() < b->y(); });
+        return shown;
+    }
+
+    std::vector<std::string> titles() const
+    {
+        std::vector<std::string> all;
+        for (const HistoryCard* card : cards())
+            all.push_back(card->entry().title);
+        return all;
+    }
+
+    static QStringList texts(const QWidget& widget)
+    {
+        QStringList all;
+        for (const auto* label : widget.findChildren<Label*>()) {
+            if (label->isVisible())
+                all << label->text();
+        }
+        return all;
+    }
+
+    template <class Kind> Kind* button(const QWidget& widget, const QString& name) const
+    {
+        for (auto* candidate : widget.findChildren<Kind*>()) {
+            if (candidate->accessibleName() == name || candidate->label() == name)
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    Button* clearButton() const { return button<Button>(view, QStringLiteral("Clear history")); }
+};
+
+using Titles = std::vector<std::string>;
+
+IconButton* copyButton(const HistoryCard& card)
+{
+    for (auto* candidate : card.findChildren<IconButton*>()) {
+        if (candidate->toolTip() == QStringLiteral("Copy the full result"))
+            return candidate;
+    }
+    return nullptr;
+}
+
+TEST_F(HistoryViewTest, ShowsTheEmptyState)
+{
+    show();
+    EXPECT_EQ(
+        texts(view),
+        (QStringList {
+            QStringLiteral("0 saved"), QStringLiteral("Nothing saved yet"),
+            QStringLiteral("Calculations are saved automatically. You can turn that off in Settings.")}));
+    EXPECT_FALSE(clearButton()->isEnabled());
+}
+
+TEST_F(HistoryViewTest, ListsEntriesNewestFirst)
+{
+    save("old", "percent", Instant(1s));
+    save("first of two");
+    save("second of two");
+    show();
+    EXPECT_EQ(titles(), (Titles {"second of two", "first of two", "old"}));
+    EXPECT_TRUE(texts(view).contains(QStringLiteral("3 saved")));
+    EXPECT_FALSE(view.findChild<EmptyState*>()->isVisible());
+    EXPECT_TRUE(clearButton()->isEnabled());
+}
+
+TEST_F(HistoryViewTest, ShowsTitleSummaryAndTime)
+{
+    save("a");
+    show();
+    // Noon UTC of 7 March, in the zone of the tests (13 hours ahead).
+    EXPECT_EQ(texts(*cards()[0]),
+              (QStringList {QStringLiteral("a"), QStringLiteral("Summary of a"),
+                            QStringLiteral("Sun, 08 Mar 2026 · 1:00 AM")}));
+}
+
+TEST_F(HistoryViewTest, FollowsTheClockFormatWhenShownAgain)
+{
+    save("a");
+    show();
+    view.hide();
+    test.model.setUse24Hour(true);
+    show();
+    EXPECT_TRUE(texts(*cards()[0]).contains(QStringLiteral("Sun, 08 Mar 2026 · 01:00")));
+}
+
+TEST_F(HistoryViewTest, ShowsAnEntryOfAnUnknownPage)
+{
+    save("beads", "abacus");
+    show();
+    EXPECT_EQ(titles(), Titles {"beads"});
+    EXPECT_FALSE(view.grab().isNull()) << "its badge has a symbol";
+}
+
+TEST_F(HistoryViewTest, ListsFiveHundredOfMore)
+{
+    for (int i = 0; i < 501; ++i)
+        save(std::to_string(i), "percent", Instant(std::chrono::seconds(i)));
+    show();
+    EXPECT_EQ(cards().size(), 500U);
+    EXPECT_EQ(titles().front(), "500");
+    EXPECT_EQ(titles().back(), "1");
+    EXPECT_TRUE(texts(view).contains(QStringLiteral("500 saved")));
+}
+
+TEST_F(HistoryViewTest, MakesFirstWhatIsSeenFirst)
+{
+    for (int i = 0; i < 100; ++i)
+        save(std::to_string(i));
+    view.show();
+    const auto first = cards().size();
+    EXPECT_GE(first, 8U) << "a window's height of cards";
+    EXPECT_LT(first, 30U);
+    const int length = view.sizeHint().height();
+    test.clock.advance(1s);
+    EXPECT_EQ(cards().size(), 100U);
+    EXPECT_EQ(view.sizeHint().height(), length) << "the page has its length from the start";
+}
+
+TEST_F(HistoryViewTest, FoldsTheDetailsOfEachEntryOnItsOwn)
+{
+    save("a");
+    save("b");
+    show();
+    HistoryCard* card = cards()[0];
+    auto* toggle = button<Button>(*card, QStringLiteral("Show details"));
+    const int folded = card->height();
+    QTest::mouseClick(toggle, Qt::LeftButton);
+    EXPECT_EQ(toggle->label(), QStringLiteral("Hide details"));
+    auto* detail = card->findChild<HistoryDetail*>();
+    ASSERT_NE(detail, nullptr);
+    EXPECT_TRUE(detail->isVisible());
+    EXPECT_EQ(detail->toPlainText(), QStringLiteral("First of b\nSecond"));
+    EXPECT_TRUE(detail->isReadOnly());
+    EXPECT_GE(card->height(), folded + 2 * 22) << "two lines more";
+    EXPECT_GE(cards()[1]->y(), card->geometry().bottom()) << "the next one makes room";
+    EXPECT_EQ(cards()[1]->findChild<HistoryDetail*>(), nullptr);
+    QTest::mouseClick(toggle, Qt::LeftButton);
+    EXPECT_EQ(toggle->label(), QStringLiteral("Show details"));
+    EXPECT_FALSE(detail->isVisible());
+    EXPECT_EQ(card->height(), folded);
+}
+
+TEST_F(HistoryViewTest, DetailsCanBeSelected)
+{
+    save("a");
+    show();
+    QTest::mouseClick(button<Button>(*cards()[0], QStringLiteral("Show details")), Qt::LeftButton);
+    auto* detail = cards()[0]->findChild<HistoryDetail*>();
+    detail->setFocus();
+    QTest::keyClick(detail, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(detail, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("First of a\nSecond"));
+    QTest::keyClick(detail, Qt::Key_X);
+    EXPECT_EQ(detail->toPlainText(), QStringLiteral("First of a\nSecond")) << "but not changed";
+}
+
+TEST_F(HistoryViewTest, StaysUnfoldedOverAReload)
+{
+    save("a");
+    show();
+    QTest::mouseClick(button<Button>(*cards()[0], QStringLiteral("Show details")), Qt::LeftButton);
+    test.model.record(Module::percent, "new", {{"label", "1", {}, Weight::headline, {}}});
+    test.clock.advance(1s);
+    ASSERT_EQ(titles(), (Titles {"new", "a"}));
+    EXPECT_TRUE(cards()[1]->findChild<HistoryDetail*>()->isVisible());
+}
+
+TEST_F(HistoryViewTest, CopiesTheFullResultAndMarksItForHalfASecond)
+{
+    save("a");
+    show();
+    QTest::mouseClick(copyButton(*cards()[0]), Qt::LeftButton);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("First of a\nSecond"));
+    test.clock.advance(499ms);
+    EXPECT_TRUE(cards()[0]->isCopied());
+    test.clock.advance(1ms);
+    EXPECT_FALSE(cards()[0]->isCopied());
+}
+
+TEST_F(HistoryViewTest, AnotherCopyTakesTheMarkForItsOwnHalfSecond)
+{
+    save("a");
+    save("b");
+    show();
+    QTest::mouseClick(copyButton(*cards()[0]), Qt::LeftButton);
+    test.clock.advance(300ms);
+    QTest::mouseClick(copyButton(*cards()[1]), Qt::LeftButton);
+    EXPECT_FALSE(cards()[0]->isCopied());
+    EXPECT_TRUE(cards()[1]->isCopied());
+    test.clock.advance(499ms);
+    EXPECT_TRUE(cards()[1]->isCopied());
+    test.clock.advance(1ms);
+    EXPECT_FALSE(cards()[1]->isCopied());
+}
+
+TEST_F(HistoryViewTest, DeletesAtOnce)
+{
+    save("a");
+    save("b");
+    show();
+    QTest::mouseClick(cards()[0]->deleteButton(), Qt::LeftButton);
+    EXPECT_EQ(titles(), Titles {"a"});
+    EXPECT_EQ(test.model.store().history(500).size(), 1U);
+    EXPECT_TRUE(texts(view).contains(QStringLiteral("1 saved")));
+    QTest::mouseClick(cards()[0]->deleteButton(), Qt::LeftButton);
+    EXPECT_TRUE(view.findChild<EmptyState*>()->isVisible());
+    EXPECT_FALSE(clearButton()->isEnabled());
+}
+
+TEST_F(HistoryViewTest, DeletingTheMarkedEntryForgetsTheMark)
+{
+    save("a");
+    save("b");
+    show();
+    QTest::mouseClick(copyButton(*cards()[0]), Qt::LeftButton);
+    QTest::mouseClick(cards()[0]->deleteButton(), Qt::LeftButton);
+    test.clock.advance(1s);
+    EXPECT_FALSE(cards()[0]->isCopied());
+}
+
+TEST_F(HistoryViewTest, DeletingWithTheKeyboardMovesToTheNextEntry)
+{
+    for (const char* title : {"c", "b", "a"})
+        save(title);
+    show();
+    QApplication::setActiveWindow(&view);
+    cards()[1]->deleteButton()->setFocus();
+    QTest::keyClick(cards()[1]->deleteButton(), Qt::Key_Space);
+    EXPECT_EQ(titles(), (Titles {"a", "c"}));
+    EXPECT_TRUE(cards()[1]->deleteButton()->hasFocus());
+    QTest::keyClick(cards()[1]->deleteButton(), Qt::Key_Space);
+    EXPECT_TRUE(cards()[0]->deleteButton()->hasFocus()) << "the last one's place falls to the one before";
+}
+
+TEST_F(HistoryViewTest, ClearsAfterTheQuestionOnly)
+{
+    save("a");
+    save("b");
+    show();
+    QTest::mouseClick(clearButton(), Qt::LeftButton);
+    auto* question = view.window()->findChild<ConfirmDialog*>();
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(
+        texts(*question),
+        (QStringList {QStringLiteral("This cannot be undone."), QStringLiteral("Clear the whole history?")}));
+    EXPECT_EQ(question->actionButton()->label(), QStringLiteral("Clear history"));
+    QTest::mouseClick(question->cancelButton(), Qt::LeftButton);
+    EXPECT_EQ(cards().size(), 2U);
+    EXPECT_EQ(test.model.store().history(500).size(), 2U);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    QTest::mouseClick(clearButton(), Qt::LeftButton);
+    QTest::mouseClick(view.window()->findChild<ConfirmDialog*>()->actionButton(), Qt::LeftButton);
+    EXPECT_TRUE(test.model.store().history(500).empty());
+    EXPECT_TRUE(cards().empty());
+    EXPECT_TRUE(view.findChild<EmptyState*>()->isVisible());
+}
+
+TEST_F(HistoryViewTest, ListsWhatIsSavedWhileItIsShown)
+{
+    show();
+    test.model.record(Module::percent, "new", {{"label", "1", {}, Weight::headline, {}}});
+    test.clock.advance(1s);
+    EXPECT_EQ(titles(), Titles {"new"});
+    EXPECT_FALSE(view.findChild<EmptyState*>()->isVisible());
+}
+
+TEST_F(HistoryViewTest, TabGoesFromTopToBottomAlsoAfterANewEntry)
+{
+    save("a");
+    show();
+    test.model.record(Module::percent, "new", {{"label", "1", {}, Weight::headline, {}}});
+    test.clock.advance(1s);
+    QApplication::setActiveWindow(&view);
+    clearButton()->setFocus();
+    for (const HistoryCard* card : cards()) {
+        for (QWidget* control : card->controls()) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            EXPECT_EQ(QApplication::focusWidget(), control) << card->entry().title;
+        }
+    }
+    EXPECT_EQ(cards()[0]->entry().title, "new");
+}
+
+TEST_F(HistoryViewTest, WrapsLongTextsInsteadOfCuttingThem)
+{
+    std::string words;
+    for (int i = 0; i < 40; ++i)
+        words += "1,234,567 × ";
+    save(words);
+    show();
+    const HistoryCard* card = cards()[0];
+    EXPECT_GT(card->height(), HistoryCard::usualHeight());
+    for (const auto* label : card->findChildren<Label*>())
+        EXPECT_LE(label->heightForWidth(label->width()), label->height());
+}
+
+TEST_F(HistoryViewTest, NamesItsControlsInWords)
+{
+    save("a & b");
+    show();
+    for (const QWidget* control : cards()[0]->controls())
+        EXPECT_EQ(control->accessibleDescription(), QStringLiteral("a & b"));
+    EXPECT_EQ(copyButton(*cards()[0])->accessibleName(), QStringLiteral("Copy the full result"));
+    EXPECT_EQ(cards()[0]->deleteButton()->accessibleName(), QStringLiteral("Delete this entry"));
+}
+
+TEST_F(HistoryViewTest, ShowsTheEmptyStateWhenTheTableCannotBeRead)
+{
+    test::TestModel broken;
+    sqlite::Connection other = sqlite::Connection::open(broken.model.store().url().string());
+    other.execute("DROP TABLE history;");
+    HistoryView page(broken.model);
+    page.show();
+    EXPECT_TRUE(page.findChild<EmptyState*>()->isVisible());
+}
+
+} // namespace
+} // namespace zelta
