@@ -37,26 +37,26 @@ public:
     Store& store() { return *m_store; }
     Clock& clock() { return m_clock; }
 
-    Module selection() const { return m_selection; }
+    [[nodiscard]] Module selection() const { return m_selection; }
     /// Counts the writes to the history made through this model, successful or not.
-    std::int64_t historyToken() const { return m_historyToken; }
+    [[nodiscard]] std::int64_t historyToken() const { return m_historyToken; }
     /// "Saved to history" for two seconds after a manual save, else nothing.
-    const std::optional<std::string>& lastSaveMessage() const { return m_lastSaveMessage; }
-    const std::string& weekendPresetID() const { return m_weekendPresetID; }
-    bool use24Hour() const { return m_use24Hour; }
+    [[nodiscard]] const std::optional<std::string>& lastSaveMessage() const { return m_lastSaveMessage; }
+    [[nodiscard]] const std::string& weekendPresetID() const { return m_weekendPresetID; }
+    [[nodiscard]] bool use24Hour() const { return m_use24Hour; }
 
     /// The rule of the chosen preset; Saturday and Sunday when the stored id names none.
-    WeekendRule weekendRule() const;
+    [[nodiscard]] WeekendRule weekendRule() const;
     /// IANA name of the system's current time zone, read anew at each use.
-    std::string timeZoneIdentifier() const;
+    [[nodiscard]] std::string timeZoneIdentifier() const;
     /// The calendar of every date computation, in the system's current time zone.
-    Calendar calendar() const;
+    [[nodiscard]] Calendar calendar() const;
     /// The first moment of the current civil day.
-    Instant today() const;
+    [[nodiscard]] Instant today() const;
     /// Time of day in the user's clock format, without seconds: "9:05 AM" or "09:05".
-    std::string clockText(Instant instant) const;
+    [[nodiscard]] std::string clockText(Instant instant) const;
     /// The line under a page's title.
-    std::string subtitle(Module module) const;
+    [[nodiscard]] std::string subtitle(Module module) const;
 
     void setSelection(Module module);
     void setWeekendPresetID(const std::string& id);

@@ -33,7 +33,7 @@ public:
         Task(const Task&) = delete;
         Task& operator=(const Task&) = delete;
 
-        bool isPending() const;
+        [[nodiscard]] bool isPending() const;
         void cancel();
 
     private:
@@ -51,13 +51,13 @@ public:
     Clock& operator=(const Clock&) = delete;
 
     /// The wall clock's time.
-    virtual Instant now() const = 0;
+    [[nodiscard]] virtual Instant now() const = 0;
 
     /// Runs `action` once, `delay` from now, on this thread.
     [[nodiscard]] Task after(std::chrono::milliseconds delay, std::function<void()> action,
                              Purpose purpose = Purpose::display);
 
-    bool hasPendingSaves() const;
+    [[nodiscard]] bool hasPendingSaves() const;
 
     /// Called each time the last pending save has run or has been called off.
     void setSavesSettledHandler(std::function<void()> handler);

@@ -8,7 +8,7 @@ namespace zelta {
 class SystemClock final : public Clock
 {
 public:
-    Instant now() const override;
+    [[nodiscard]] Instant now() const override;
 
 protected:
     std::shared_ptr<void> schedule(std::chrono::milliseconds delay, Fire fire) override;

@@ -23,7 +23,7 @@ public:
 
     Sidebar(AppModel& model, QWidget* parent);
 
-    QSize sizeHint() const override { return {idealWidth, 0}; }
+    [[nodiscard]] QSize sizeHint() const override { return {idealWidth, 0}; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -18,17 +18,17 @@ public:
 
     void setSubtitle(const QString& subtitle);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-    bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
-    bool hitButton(const QPoint& position) const override;
+    [[nodiscard]] bool hitButton(const QPoint& position) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QStringList subtitleLines(int width) const;
+    [[nodiscard]] QStringList subtitleLines(int width) const;
 
     Module m_module;
     QString m_subtitle;

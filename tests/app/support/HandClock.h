@@ -16,7 +16,7 @@ public:
 
     explicit HandClock(Instant now = noon);
 
-    Instant now() const override { return m_now; }
+    [[nodiscard]] Instant now() const override { return m_now; }
 
     /// Moves time on, running what falls due in the order in which it falls due.
     void advance(std::chrono::milliseconds duration);

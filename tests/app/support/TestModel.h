@@ -27,7 +27,7 @@ struct TestModel
     { }
 
 private:
-    std::unique_ptr<Store> makeStore(const Settings& settings) const
+    [[nodiscard]] std::unique_ptr<Store> makeStore(const Settings& settings) const
     {
         auto store = std::make_unique<Store>(folder.filePath(QStringLiteral("test.sqlite")).toStdString());
         for (const auto& [key, value] : settings)
