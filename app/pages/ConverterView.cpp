@@ -127,6 +127,9 @@ QWidget* ConverterView::makeSwapButton(QWidget* parent)
     button->setSide(Metric::fieldHeight);
     connect(button, &QAbstractButton::clicked, this, &ConverterView::swap);
     column->addWidget(button);
+    // The pickers are older than the button between them, and Tab would go by age.
+    setTabOrder(m_from, button);
+    setTabOrder(button, m_to);
     return place;
 }
 

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace zelta {
 namespace {
@@ -121,7 +122,14 @@ QWidget* Sidebar::makeFooter()
 
 void Sidebar::showSelection()
 {
-    m_rows[static_cast<std::size_t>(m_model.selection())]->setChecked(true);
+    SidebarRow* selected = m_rows[static_cast<std::size_t>(m_model.selection())];
+    selected->setChecked(true);
+    // The list is one tab stop, the selected row; a focus in the list goes with the selection.
+    const bool hadFocus = std::ranges::any_of(m_rows, &SidebarRow::hasFocus);
+    for (SidebarRow* row : m_rows)
+        row->setFocusPolicy(row == selected ? Qt::TabFocus : Qt::NoFocus);
+    if (hadFocus)
+        selected->setFocus();
 }
 
 void Sidebar::showSettings()

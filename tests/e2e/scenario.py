@@ -34,7 +34,7 @@ class Scenario(unittest.TestCase):
 
     def keep_evidence(self):
         """Keeps the screen, what the program wrote, and what a screen reader would have found."""
-        shots = pathlib.Path(os.environ.get("ZELTA_SHOTS", "."))
+        shots = pathlib.Path(os.environ.get("ZELTA_SHOTS", "/tmp"))
         self.screen.screenshot(shots / f"{self.id()}.png")
         if self.app:
             shutil.copy(self.app.log.name, shots / f"{self.id()}.log")
