@@ -1,5 +1,6 @@
 #include "app/shell/MainWindow.h"
 
+#include "app/look/Surface.h"
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
@@ -13,6 +14,7 @@
 #include "app/shell/EditMenu.h"
 #include "app/shell/PageChrome.h"
 #include "app/shell/Sidebar.h"
+#include "app/shell/SidebarRow.h"
 
 #include <QIcon>
 #include <QMenuBar>
@@ -128,8 +130,13 @@ void MainWindow::makeGoMenu(QMenu* menu)
 void MainWindow::showSelection()
 {
     const Module module = m_model.selection();
-    m_pages->setCurrentWidget(page(module));
+    PageChrome* shown = page(module);
+    m_pages->setCurrentWidget(shown);
     setWindowTitle(toQt(title(module)));
+    // Who walks the sidebar by keyboard stays there; everybody else can type at once.
+    const auto* row = qobject_cast<SidebarRow*>(focusWidget());
+    if (!row || !Surface::showsFocus(*row))
+        shown->focusEntry();
 }
 
 void MainWindow::showAbout()
@@ -139,9 +146,9 @@ void MainWindow::showAbout()
     about->open();
 }
 
-QWidget* MainWindow::page(Module module)
+PageChrome* MainWindow::page(Module module)
 {
-    QWidget*& page = m_built[static_cast<std::size_t>(module)];
+    PageChrome*& page = m_built[static_cast<std::size_t>(module)];
     if (!page) {
         page = new PageChrome(module, m_model, makeContent(module, m_model), m_pages);
         m_pages->addWidget(page);

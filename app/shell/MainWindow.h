@@ -11,6 +11,7 @@ class QStackedWidget;
 namespace zelta {
 
 class AppModel;
+class PageChrome;
 
 /// The one window: menu bar, sidebar, and the selected page, which is built when it is first shown.
 class MainWindow final : public QMainWindow
@@ -30,11 +31,11 @@ private:
     void showSelection();
     void showAbout();
     /// The page in its frame, built at its first use.
-    QWidget* page(Module module);
+    PageChrome* page(Module module);
 
     AppModel& m_model;
     QStackedWidget* m_pages = nullptr;
-    std::array<QWidget*, 8> m_built {};
+    std::array<PageChrome*, 8> m_built {};
     bool m_hasIcon = false;
 };
 

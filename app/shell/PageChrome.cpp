@@ -24,6 +24,7 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     : QScrollArea(parent)
     , m_module(module)
     , m_model(model)
+    , m_content(content)
     , m_column(new QWidget)
 {
     setFrameShape(QFrame::NoFrame);
@@ -48,6 +49,12 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     connect(&model, &AppModel::weekendRuleChanged, this, showSubtitle);
     connect(&model, &AppModel::use24HourChanged, this, showSubtitle);
     showMessage();
+}
+
+void PageChrome::focusEntry()
+{
+    if (m_content && m_content->focusProxy())
+        m_content->setFocus(Qt::ShortcutFocusReason);
 }
 
 void PageChrome::paintEvent(QPaintEvent* /*event*/)

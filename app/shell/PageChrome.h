@@ -19,6 +19,9 @@ public:
     /// Takes ownership of `content`; null shows the header alone.
     PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent);
 
+    /// Puts the caret where typing on this page begins: its content's focus proxy, where it has one.
+    void focusEntry();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -31,6 +34,7 @@ private:
 
     Module m_module;
     AppModel& m_model;
+    QWidget* m_content;
     QWidget* m_column;
     Label* m_subtitle = nullptr;
     QWidget* m_message = nullptr;

@@ -125,6 +125,26 @@ TEST_F(ShellTest, TheSidebarIsOneTabStopAndTheArrowsMoveTheSelection)
     EXPECT_EQ(row(Module::history)->focusPolicy() & Qt::TabFocus, 0);
 }
 
+TEST_F(ShellTest, OnAPageWithFieldsTypingBeginsAtOnce)
+{
+    show();
+    test.model.setSelection(Module::percent);
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_TRUE(field);
+    EXPECT_EQ(field->accessibleName(), QStringLiteral("Value X"));
+    QTest::keyClicks(field, QStringLiteral("5"));
+    EXPECT_EQ(field->text(), QStringLiteral("5"));
+}
+
+TEST_F(ShellTest, WalkingTheSidebarByKeyboardStaysThere)
+{
+    show();
+    row(Module::notes)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(row(Module::notes), Qt::Key_Down);
+    EXPECT_EQ(test.model.selection(), Module::duration);
+    EXPECT_EQ(QApplication::focusWidget(), row(Module::duration));
+}
+
 TEST_F(ShellTest, TheFooterAndTheSettingsSubtitleFollowTheSettings)
 {
     EXPECT_TRUE(labels().contains(QStringLiteral("Sun + Sat")));
