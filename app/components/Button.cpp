@@ -2,11 +2,10 @@
 
 #include "app/look/Surface.h"
 #include "app/look/Symbols.h"
+#include "app/look/TextWidth.h"
 #include "app/model/Text.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
-#include <QtMath>
 #include <algorithm>
 
 namespace zelta {
@@ -174,8 +173,7 @@ QString Button::shownLabel() const
 
 int Button::contentWidth(const QString& label) const
 {
-    const int text = qCeil(QFontMetricsF(font()).horizontalAdvance(label));
-    return text + (shownSymbol().empty() ? 0 : symbolSize() + gap());
+    return textWidth(font(), label) + (shownSymbol().empty() ? 0 : symbolSize() + gap());
 }
 
 int Button::padding() const

@@ -3,6 +3,7 @@
 #include "app/components/Clipboard.h"
 #include "app/look/Surface.h"
 #include "app/look/Symbols.h"
+#include "app/look/TextWidth.h"
 #include "app/look/Theme.h"
 
 #include <QKeyEvent>
@@ -46,7 +47,7 @@ void CopyChip::setCopyText(const QString& text)
 
 QSize CopyChip::sizeHint() const
 {
-    return {2 * padding + fontMetrics().horizontalAdvance(text()) + gap + symbolSize, chipHeight};
+    return {2 * padding + textWidth(font(), text()) + gap + symbolSize, chipHeight};
 }
 
 QSize CopyChip::minimumSizeHint() const

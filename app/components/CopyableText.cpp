@@ -3,6 +3,7 @@
 #include "app/components/Clipboard.h"
 #include "app/look/Surface.h"
 #include "app/look/Symbols.h"
+#include "app/look/TextWidth.h"
 #include "app/look/Theme.h"
 
 #include <QKeyEvent>
@@ -46,7 +47,7 @@ void CopyableText::setCopyText(const QString& text)
 
 QSize CopyableText::sizeHint() const
 {
-    return {2 * sidePadding + fontMetrics().horizontalAdvance(text()) + gap + symbolSize, lineHeight};
+    return {2 * sidePadding + textWidth(font(), text()) + gap + symbolSize, lineHeight};
 }
 
 QSize CopyableText::minimumSizeHint() const
@@ -66,15 +67,15 @@ void CopyableText::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const int room = width() - 2 * sidePadding - gap - symbolSize;
-    const int textWidth = std::min(room, fontMetrics().horizontalAdvance(text()));
+    const int shownWidth = std::min(room, textWidth(font(), text()));
     painter.setPen(Theme::color(Theme::Token::text));
-    painter.drawText(QRect(sidePadding, 0, textWidth, height()), Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, textWidth));
+    painter.drawText(QRect(sidePadding, 0, shownWidth, height()), Qt::AlignLeft | Qt::AlignVCenter,
+                     fontMetrics().elidedText(text(), Qt::ElideRight, shownWidth));
     const bool copied = m_mark.isOn(onlyKey);
     const Theme::Token ink = copied ? Theme::Token::upInk
         : underMouse()              ? Theme::Token::text
                                     : Theme::Token::textSecondary;
-    Symbols::draw(painter, QRect(sidePadding + textWidth + gap, 0, symbolSize, height()),
+    Symbols::draw(painter, QRect(sidePadding + shownWidth + gap, 0, symbolSize, height()),
                   copied ? "checkmark" : "doc.on.doc", symbolSize, Theme::color(ink));
     if (Surface::showsFocus(*this))
         Surface::drawFocusRing(painter, rect(), Metric::tipRadius);

@@ -2,13 +2,12 @@
 
 #include "app/look/Surface.h"
 #include "app/look/Symbols.h"
+#include "app/look/TextWidth.h"
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
 
-#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QtMath>
 
 namespace zelta {
 
@@ -42,8 +41,7 @@ const QString& Pill::value() const
 
 QSize Pill::sizeHint() const
 {
-    const int text = qCeil(QFontMetricsF(font()).horizontalAdvance(m_tab.label));
-    return {before + symbolSize + gap + text + after, Metric::pillHeight};
+    return {before + symbolSize + gap + textWidth(font(), m_tab.label) + after, Metric::pillHeight};
 }
 
 void Pill::keyPressEvent(QKeyEvent* event)

@@ -3,6 +3,7 @@
 #include "app/components/Label.h"
 #include "app/look/Surface.h"
 #include "app/look/Symbols.h"
+#include "app/look/TextWidth.h"
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
 
@@ -58,12 +59,6 @@ Theme::Token valueToken(const ResultRow& row)
     if (row.tone == Tone::down)
         return Theme::Token::downInk;
     return row.weight == Weight::headline ? Theme::Token::accentInk : Theme::Token::text;
-}
-
-/// Whole pixels that hold the text; the font's own figure is fractional.
-int textWidth(const QFont& font, const QString& text)
-{
-    return qCeil(QFontMetricsF(font).horizontalAdvance(text));
 }
 
 QString elided(const QFont& font, const QString& text, Qt::TextElideMode mode, int width)

@@ -7,15 +7,39 @@
 
 namespace zelta {
 
+namespace {
+
+/// Gives the switch the place of its track alone; the room for its focus ring reaches into the gaps around
+/// it.
+class TrackItem final : public QWidgetItem
+{
+public:
+    using QWidgetItem::QWidgetItem;
+
+    QSize sizeHint() const override
+    {
+        return widget()->sizeHint() - QSize(2 * Switch::margin, 2 * Switch::margin);
+    }
+    QSize minimumSize() const override { return sizeHint(); }
+    QSize maximumSize() const override { return sizeHint(); }
+    void setGeometry(const QRect& rect) override
+    {
+        QRect place(QPoint(), widget()->sizeHint());
+        place.moveCenter(rect.center());
+        widget()->setGeometry(place);
+    }
+};
+
+} // namespace
+
 SwitchRow::SwitchRow(const QString& label, const QString& caption, QWidget* card)
     : m_switch(new Switch(label, caption, card))
 {
     constexpr int gap = 14;
     constexpr int lineGap = 3;
-    // The switch keeps room for its ring around it; its track stands flush with the text above.
-    setContentsMargins(-Switch::margin, 0, 0, 0);
-    setSpacing(gap - Switch::margin);
-    addWidget(m_switch, 0, Qt::AlignVCenter);
+    setSpacing(gap);
+    addChildWidget(m_switch);
+    addItem(new TrackItem(m_switch));
     auto* texts = new QVBoxLayout;
     texts->setSpacing(lineGap);
     texts->addWidget(new Label(label, card));

@@ -1,6 +1,7 @@
 #include "app/components/Tag.h"
 
 #include "app/look/Surface.h"
+#include "app/look/TextWidth.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -25,7 +26,7 @@ void Tag::setColors(Theme::Token ink, Theme::Token fill, double opacity)
 
 QSize Tag::sizeHint() const
 {
-    const int text = fontMetrics().horizontalAdvance(this->text());
+    const int text = textWidth(font(), this->text());
     return {std::max(m_shape.minimumWidth, text + 2 * m_shape.sidePadding), m_shape.height};
 }
 

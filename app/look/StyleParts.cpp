@@ -117,13 +117,16 @@ QRect scrollHandle(const QStyleOptionSlider& option)
                     : QRect(option.rect.left() + start, option.rect.top(), length, option.rect.height());
 }
 
+/// 8 px wide, 4 px off the edges of its area.
 void drawScrollBar(QPainter& painter, const QStyleOptionSlider& option)
 {
-    constexpr int inset = 2;
+    constexpr int off = 4;
     constexpr double radius = 4;
     if (option.minimum == option.maximum)
         return;
-    const QRectF handle = QRectF(scrollHandle(option)).adjusted(inset, inset, -inset, -inset);
+    const bool vertical = option.orientation == Qt::Vertical;
+    const QRectF handle
+        = QRectF(scrollHandle(option)).adjusted(vertical ? 0 : off, vertical ? off : 0, -off, -off);
     Surface::draw(painter, handle, radius, Theme::color(Token::scrollHandle));
 }
 

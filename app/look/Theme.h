@@ -142,7 +142,7 @@ constexpr int smallButtonHeight = 28;
 constexpr int pillHeight = 28;
 constexpr int pillBackingHeight = 36;
 constexpr int menuItemHeight = 28;
-constexpr int scrollBarWidth = 12; ///< an 8 px handle with 2 px on either side
+constexpr int scrollBarWidth = 12; ///< an 8 px handle and 4 px to the edge
 
 } // namespace Metric
 

@@ -64,8 +64,8 @@ QWidget* labelled(Picker* picker, QWidget* parent)
 /// A card of lines to read off and copy; the lines stand closer to the title and the edge than other content.
 ResultLines* makeLines(Card* card, AppModel& model)
 {
-    constexpr int above = 6;
-    constexpr int below = 8;
+    constexpr int above = 8;
+    constexpr int below = 10; // so that all lengths fit a window of 760 without scrolling
     auto* lines = new ResultLines(model.clock(), card);
     lines->addTo(card->content(), above, below);
     return lines;
