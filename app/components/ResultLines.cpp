@@ -1,5 +1,6 @@
 #include "app/components/ResultLines.h"
 
+#include "app/components/BleedingItem.h"
 #include "app/components/Clipboard.h"
 #include "app/components/ResultLine.h"
 #include "app/look/Theme.h"
@@ -19,34 +20,6 @@ const std::string& keyOf(const ResultRow& row)
 {
     return row.label.empty() ? row.value : row.label;
 }
-
-/// Lets the lines take more room than the column gives them, which has its margins for texts.
-class BleedingItem final : public QWidgetItem
-{
-public:
-    BleedingItem(QWidget* widget, int above, int below)
-        : QWidgetItem(widget)
-        , m_above(above)
-        , m_below(below)
-    { }
-
-    void setGeometry(const QRect& rect) override
-    {
-        widget()->setGeometry(rect.adjusted(-ResultLine::bleed, -m_above, ResultLine::bleed, m_below));
-    }
-    QSize sizeHint() const override { return lowered(QWidgetItem::sizeHint()); }
-    QSize minimumSize() const override { return lowered(QWidgetItem::minimumSize()); }
-    int heightForWidth(int width) const override
-    {
-        return QWidgetItem::heightForWidth(width + 2 * ResultLine::bleed) - m_above - m_below;
-    }
-
-private:
-    QSize lowered(QSize size) const { return isEmpty() ? size : size - QSize(0, m_above + m_below); }
-
-    int m_above;
-    int m_below;
-};
 
 } // namespace
 
@@ -133,7 +106,7 @@ ResultLine* ResultLines::makeLine()
 
 void ResultLines::addTo(QVBoxLayout* column, int above, int below)
 {
-    column->addItem(new BleedingItem(this, above, below));
+    column->addItem(new BleedingItem(this, {ResultLine::bleed, above, ResultLine::bleed, below}));
 }
 
 void ResultLines::showMark()

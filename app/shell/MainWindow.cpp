@@ -4,6 +4,7 @@
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
+#include "app/pages/CalculatorView.h"
 #include "app/pages/CalendarPageView.h"
 #include "app/pages/ConverterView.h"
 #include "app/pages/DurationView.h"
@@ -51,6 +52,8 @@ protected:
 QWidget* makeContent(Module module, AppModel& model)
 {
     switch (module) {
+    case Module::calculator:
+        return new CalculatorView(model);
     case Module::percent:
         return new PercentView(model);
     case Module::converter:

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QLayout>
+#include <QMargins>
+
+namespace zelta {
+
+/// Places a widget beyond the room that a layout gives it, which has its margins for texts: lines reach
+/// further, for the shade below the mouse. Margins of a layout itself cannot be negative.
+class BleedingItem final : public QWidgetItem
+{
+public:
+    /// How far the widget reaches beyond its place on each side.
+    BleedingItem(QWidget* widget, const QMargins& reach)
+        : QWidgetItem(widget)
+        , m_reach(reach)
+    { }
+
+    void setGeometry(const QRect& rect) override { widget()->setGeometry(rect.marginsAdded(m_reach)); }
+    QSize sizeHint() const override { return lowered(QWidgetItem::sizeHint()); }
+    QSize minimumSize() const override { return lowered(QWidgetItem::minimumSize()); }
+    int heightForWidth(int width) const override
+    {
+        return QWidgetItem::heightForWidth(width + m_reach.left() + m_reach.right()) - m_reach.top()
+            - m_reach.bottom();
+    }
+
+private:
+    QSize lowered(const QSize& size) const
+    {
+        return isEmpty() ? size : size - QSize(0, m_reach.top() + m_reach.bottom());
+    }
+
+    QMargins m_reach;
+};
+
+} // namespace zelta

@@ -1,0 +1,102 @@
+#include "app/pages/CalculatorDisplay.h"
+
+#include "app/components/Label.h"
+#include "app/look/Surface.h"
+#include "app/look/Theme.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace zelta {
+
+namespace {
+
+constexpr int sidePadding = 4;
+constexpr int expressionHeight = 19;
+constexpr int numberHeight = 50;
+
+/// The largest font in which the number fits; the smallest when it fits in none.
+QFont fittingFont(const QString& number, int width)
+{
+    QFont font = Theme::font(Theme::FontRole::calculatorNumber);
+    for (const int pixels : {40, 36, 32, 28, 24, 20}) {
+        font.setPixelSize(pixels);
+        if (QFontMetrics(font).horizontalAdvance(number) <= width)
+            break;
+    }
+    return font;
+}
+
+} // namespace
+
+CalculatorDisplay::CalculatorDisplay(QWidget* parent)
+    : QLabel(parent)
+    , m_expressionLabel(new Label({}, Theme::FontRole::body, Theme::Token::textSecondary, this))
+    , m_numberLabel(new Label({}, Theme::FontRole::calculatorNumber, Theme::Token::text, this))
+{
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    for (Label* label : {m_expressionLabel, m_numberLabel})
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void CalculatorDisplay::show(const QString& expression, const QString& number)
+{
+    m_expression = expression;
+    m_number = number;
+    // The labels below hold the texts; the display itself says what they belong to.
+    setAccessibleName(QStringLiteral("Display: ")
+                      + (expression.isEmpty() ? number : expression + QLatin1Char(' ') + number));
+    fit();
+}
+
+QSize CalculatorDisplay::sizeHint() const
+{
+    return {0, expressionHeight + numberHeight};
+}
+
+QSize CalculatorDisplay::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void CalculatorDisplay::fit()
+{
+    const int room = width() - 2 * sidePadding;
+    const QFont font = fittingFont(m_number, room);
+    const QString shown = QFontMetrics(font).elidedText(m_number, Qt::ElideMiddle, room);
+    m_numberLabel->setFont(font);
+    m_numberLabel->setText(shown);
+    m_numberLabel->setAccessibleName(m_number);
+    const QFontMetrics expressionMetrics(m_expressionLabel->font());
+    m_expressionLabel->setText(expressionMetrics.elidedText(m_expression, Qt::ElideMiddle, room));
+    m_expressionLabel->setAccessibleName(m_expression);
+    setToolTip(shown == m_number ? QString() : m_number);
+}
+
+void CalculatorDisplay::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Space)
+        Q_EMIT copyRequested();
+    else
+        QLabel::keyPressEvent(event);
+}
+
+void CalculatorDisplay::paintEvent(QPaintEvent* /*event*/)
+{
+    if (!Surface::showsFocus(*this))
+        return;
+    QPainter painter(this);
+    Surface::drawFocusRing(painter, rect(), Metric::controlRadius);
+}
+
+void CalculatorDisplay::resizeEvent(QResizeEvent* event)
+{
+    QLabel::resizeEvent(event);
+    const int room = width() - 2 * sidePadding;
+    m_expressionLabel->setGeometry(sidePadding, 0, room, expressionHeight);
+    m_numberLabel->setGeometry(sidePadding, expressionHeight, room, numberHeight);
+    fit();
+}
+
+} // namespace zelta

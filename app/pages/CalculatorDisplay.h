@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QLabel>
+
+namespace zelta {
+
+class Label;
+
+/// The calculator's display: the pending expression above the number, both at the right. A long number
+/// shrinks, and one that is still too wide is elided in the middle, with the whole text as hover help. Takes
+/// the focus by Tab; Space copies.
+class CalculatorDisplay final : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit CalculatorDisplay(QWidget* parent = nullptr);
+
+    void show(const QString& expression, const QString& number);
+    const QString& number() const { return m_number; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    void copyRequested();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void fit();
+
+    QString m_expression;
+    QString m_number;
+    Label* m_expressionLabel;
+    Label* m_numberLabel;
+};
+
+} // namespace zelta

@@ -1,0 +1,236 @@
+#include "app/pages/TapePanel.h"
+
+#include "app/components/BleedingItem.h"
+#include "app/components/Button.h"
+#include "app/components/Label.h"
+#include "app/components/WrappingRow.h"
+#include "app/look/Surface.h"
+#include "app/look/Theme.h"
+#include "app/model/Text.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStringList>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace zelta {
+
+namespace {
+
+constexpr int aboveButtons = 12;
+constexpr int aboveLines = 4; // a line is taller than its text
+constexpr int textGap = 10;
+constexpr int barRoom = 16; // right of the texts, inside the card's padding
+
+} // namespace
+
+QString tapeLineText(const Calculator::TapeEntry& entry)
+{
+    return toQt(entry.expression) + QStringLiteral(" = ") + toQt(entry.resultText());
+}
+
+TapeLine::TapeLine(QWidget* parent)
+    : QAbstractButton(parent)
+{
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setCursor(Qt::PointingHandCursor);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    setFixedHeight(height);
+}
+
+void TapeLine::setEntry(const Calculator::TapeEntry& entry)
+{
+    m_entry = entry;
+    const QString result = toQt(entry.resultText());
+    setText(result);
+    setToolTip(QStringLiteral("Use ") + result);
+    setAccessibleName(toQt(entry.expression) + QStringLiteral(", ") + result);
+    update();
+}
+
+void TapeLine::setTextWidth(int pixels)
+{
+    m_textWidth = pixels;
+    update();
+}
+
+QSize TapeLine::sizeHint() const
+{
+    return {0, height};
+}
+
+QSize TapeLine::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void TapeLine::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    if (isDown())
+        Surface::drawPress(painter, rect(), Metric::controlRadius, Surface::Press::pressed);
+    else if (underMouse())
+        Surface::drawPress(painter, rect(), Metric::controlRadius, Surface::Press::hovered);
+
+    const QRect texts(bleed, 0, m_textWidth, QWidget::height());
+    const QFont resultFont = Theme::font(Theme::FontRole::bodyBold);
+    const QString result = QFontMetrics(resultFont).elidedText(text(), Qt::ElideMiddle, texts.width());
+    painter.setFont(resultFont);
+    painter.setPen(Theme::ink(Module::calculator));
+    painter.drawText(texts, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, result);
+
+    const QFont font = Theme::font(Theme::FontRole::body);
+    const int room = texts.width() - QFontMetrics(resultFont).horizontalAdvance(result) - textGap;
+    painter.setFont(font);
+    painter.setPen(Theme::color(Theme::Token::textSecondary));
+    painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     QFontMetrics(font).elidedText(toQt(m_entry.expression), Qt::ElideRight, room));
+    if (Surface::showsFocus(*this))
+        Surface::drawFocusRing(painter, rect(), Metric::controlRadius);
+}
+
+TapePanel::TapePanel(QWidget* parent)
+    : Card(QStringLiteral("Tape"), "list-lines", parent)
+    , m_empty(new Label(QStringLiteral("Completed calculations appear here. Click one to bring its result "
+                                       "back into the display."),
+                        Theme::FontRole::body, Theme::Token::textSecondary, this))
+{
+    m_area = makeArea();
+    m_empty->setWrapped();
+    content()->addWidget(m_empty);
+    content()->addItem(new BleedingItem(m_area, {TapeLine::bleed, aboveLines, barRoom, 0}));
+    content()->setStretch(content()->count() - 1, 1);
+    content()->addWidget(makeButtons());
+    makeMenu();
+    setEntries({});
+}
+
+QScrollArea* TapePanel::makeArea()
+{
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    area->setMinimumHeight(2 * TapeLine::height);
+    auto* column = new QWidget;
+    auto* layout = new QVBoxLayout(column);
+    layout->setSpacing(0);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addStretch(1);
+    area->setWidget(column);
+    area->viewport()->setAutoFillBackground(false);
+    column->setAutoFillBackground(false);
+    area->viewport()->installEventFilter(this);
+    return area;
+}
+
+WrappingRow* TapePanel::makeButtons()
+{
+    auto* row = new WrappingRow(this);
+    row->setContentsMargins(0, aboveButtons, 0, 0);
+    const auto add = [row](const char* label, std::string_view symbol) {
+        auto* button = new Button(toQt(label), symbol, row);
+        button->setSize(Button::Size::small);
+        row->add(button);
+        return button;
+    };
+    auto* copy = add("Copy tape", "doc.on.doc");
+    auto* save = add("Save to history", "tray.and.arrow.down");
+    auto* clear = add("Clear tape", "trash");
+    connect(copy, &QAbstractButton::clicked, this, &TapePanel::copyTape);
+    connect(save, &QAbstractButton::clicked, this, &TapePanel::saveRequested);
+    connect(clear, &QAbstractButton::clicked, this, &TapePanel::clearRequested);
+    m_tapeButtons = {copy, clear};
+    return row;
+}
+
+void TapePanel::makeMenu()
+{
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto* copy = new QAction(QStringLiteral("Copy tape"), this);
+    auto* save = new QAction(QStringLiteral("Save to history"), this);
+    auto* clear = new QAction(QStringLiteral("Clear tape"), this);
+    connect(copy, &QAction::triggered, this, &TapePanel::copyTape);
+    connect(save, &QAction::triggered, this, &TapePanel::saveRequested);
+    connect(clear, &QAction::triggered, this, &TapePanel::clearRequested);
+    addActions({copy, save, clear});
+    m_tapeActions = {copy, clear};
+}
+
+TapeLine* TapePanel::makeLine()
+{
+    auto* column = static_cast<QVBoxLayout*>(m_area->widget()->layout());
+    auto* line = new TapeLine(m_area->widget());
+    column->insertWidget(static_cast<int>(m_lines.size()), line);
+    // Tab goes from line to line, and only then to the buttons below.
+    QWidget::setTabOrder(m_lines.empty() ? static_cast<QWidget*>(m_area) : m_lines.back(), line);
+    connect(line, &QAbstractButton::clicked, this, [this, line] { Q_EMIT used(line->entry().result); });
+
+    auto* copyResult = new QAction(QStringLiteral("Copy result"), line);
+    auto* copyLine = new QAction(QStringLiteral("Copy line"), line);
+    const auto copied = QStringLiteral("Copied");
+    connect(copyResult, &QAction::triggered, this,
+            [this, line, copied] { Q_EMIT copyRequested(toQt(line->entry().resultText()), copied); });
+    connect(copyLine, &QAction::triggered, this,
+            [this, line, copied] { Q_EMIT copyRequested(tapeLineText(line->entry()), copied); });
+    line->addActions({copyResult, copyLine});
+    return line;
+}
+
+void TapePanel::setEntries(const std::deque<Calculator::TapeEntry>& entries)
+{
+    while (m_lines.size() < entries.size())
+        m_lines.push_back(makeLine());
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        m_lines[i]->setVisible(i < entries.size());
+        if (i < entries.size() && m_lines[i]->entry().id != entries[i].id)
+            m_lines[i]->setEntry(entries[i]);
+    }
+    m_empty->setVisible(entries.empty());
+    for (Button* button : m_tapeButtons)
+        button->setEnabled(!entries.empty());
+    for (QAction* action : m_tapeActions)
+        action->setEnabled(!entries.empty());
+    m_area->verticalScrollBar()->setValue(0);
+    fitLines();
+}
+
+std::size_t TapePanel::shownLines() const
+{
+    return static_cast<std::size_t>(
+        std::ranges::count_if(m_lines, [](const TapeLine* line) { return !line->isHidden(); }));
+}
+
+void TapePanel::copyTape()
+{
+    QStringList texts;
+    for (std::size_t i = 0; i < shownLines(); ++i)
+        texts += tapeLineText(m_lines[i]->entry());
+    Q_EMIT copyRequested(texts.join(QLatin1Char('\n')), QStringLiteral("Tape copied"));
+}
+
+/// The texts end where the card's other content ends, with and without a scroll bar.
+void TapePanel::fitLines()
+{
+    const int textWidth = m_area->width() - TapeLine::bleed - barRoom;
+    const bool hasBar = m_area->viewport()->width() < m_area->width();
+    m_area->widget()->layout()->setContentsMargins(0, 0, hasBar ? 0 : TapeLine::bleed, 0);
+    for (TapeLine* line : m_lines)
+        line->setTextWidth(textWidth);
+}
+
+bool TapePanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize && watched == m_area->viewport())
+        fitLines();
+    return Card::eventFilter(watched, event);
+}
+
+} // namespace zelta

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "app/components/Card.h"
+#include "core/Calculator.h"
+
+#include <QAbstractButton>
+#include <deque>
+#include <vector>
+
+class QAction;
+class QScrollArea;
+
+namespace zelta {
+
+class Button;
+class Label;
+class WrappingRow;
+
+/// One completed calculation: expression at the left, result at the right. A click uses the result.
+class TapeLine final : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    static constexpr int height = 34;
+    static constexpr int bleed = 8; ///< How far the line reaches beyond its texts on the left.
+
+    explicit TapeLine(QWidget* parent = nullptr);
+
+    void setEntry(const Calculator::TapeEntry& entry);
+    const Calculator::TapeEntry& entry() const { return m_entry; }
+
+    /// The texts keep this width when a scroll bar narrows the line.
+    void setTextWidth(int pixels);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Calculator::TapeEntry m_entry;
+    int m_textWidth = 0;
+};
+
+/// The card "Tape": the completed calculations, newest first, and what can be done with them.
+class TapePanel final : public Card
+{
+    Q_OBJECT
+
+public:
+    explicit TapePanel(QWidget* parent = nullptr);
+
+    void setEntries(const std::deque<Calculator::TapeEntry>& entries);
+
+Q_SIGNALS:
+    void used(const Decimal& result);
+    /// A text to put on the clipboard, and the words that confirm it.
+    void copyRequested(const QString& text, const QString& confirmation);
+    void saveRequested();
+    void clearRequested();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QScrollArea* makeArea();
+    WrappingRow* makeButtons();
+    void makeMenu();
+    TapeLine* makeLine();
+    void copyTape();
+    void fitLines();
+    std::size_t shownLines() const;
+
+    Label* m_empty;
+    QScrollArea* m_area = nullptr;
+    std::vector<TapeLine*> m_lines; ///< The shown ones, newest first, then spare ones.
+    std::vector<Button*> m_tapeButtons; ///< Enabled only while there is a tape.
+    std::vector<QAction*> m_tapeActions;
+};
+
+/// A line as it is copied: "12 + 3 = 15".
+QString tapeLineText(const Calculator::TapeEntry& entry);
+
+} // namespace zelta
