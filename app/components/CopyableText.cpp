@@ -14,7 +14,7 @@ namespace zelta {
 
 namespace {
 
-constexpr int lineHeight = 26;
+constexpr int lineHeight = 25;
 constexpr int gap = 9;
 constexpr int symbolSize = 14;
 constexpr int sidePadding = 4; // room for the focus ring

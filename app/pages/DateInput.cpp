@@ -53,7 +53,7 @@ QWidget* DateInput::makeFields(const QString& name)
 {
     constexpr int narrow = 54;
     constexpr int wide = 74;
-    constexpr int gap = 5;
+    constexpr int gap = 4;
     constexpr int rightMargin = 2;
     auto* fields = new QWidget(this);
     auto* row = new QHBoxLayout(fields);

@@ -94,9 +94,9 @@ void DatePicker::setDate(Instant date)
 void DatePicker::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_PageUp)
-        step(-1);
+        moveByMonth(-1);
     else if (event->key() == Qt::Key_PageDown)
-        step(1);
+        moveByMonth(1);
     else if (event->key() == Qt::Key_Escape)
         close();
     else
@@ -135,6 +135,13 @@ void DatePicker::change(const std::function<void(MonthCursor&)>& move)
     refresh();
     if (isOther)
         Q_EMIT datePicked(m_cursor.selected);
+}
+
+void DatePicker::moveByMonth(int months)
+{
+    change([this, months](MonthCursor& cursor) {
+        cursor.goTo(CalendarGrid::shift(cursor.selected, months, options()));
+    });
 }
 
 /// Turning over the month picks nothing: the date stays until a day is chosen.

@@ -12,8 +12,9 @@ class AppModel;
 class Label;
 class MonthGrid;
 
-/// The popover in which a date is picked from a month. Arrow keys move the date, Page Up and Page Down the
-/// month; a click, Enter or Escape closes it. Offers the years that a date field can hold, 1 to 9999.
+/// The popover in which a date is picked from a month. Its buttons turn the month over; arrow keys move the
+/// date itself, Page Up and Page Down by a month. A click, Enter or Escape closes it. Offers the years that a
+/// date field can hold, 1 to 9999.
 class DatePicker final : public QWidget
 {
     Q_OBJECT
@@ -39,6 +40,7 @@ private:
     QLayout* makeHead();
     DateOptions options() const;
     void change(const std::function<void(MonthCursor&)>& move);
+    void moveByMonth(int months);
     void step(int months);
     void refresh();
 

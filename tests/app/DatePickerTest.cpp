@@ -37,6 +37,14 @@ struct Stage
         picker.openAt(anchor, test.model.calendar().instantOrAfterJump({day}).value());
     }
 
+    void press(const char* name) const
+    {
+        for (QPushButton* button : picker.findChildren<QPushButton*>()) {
+            if (button->accessibleName() == toQt(name))
+                button->click();
+        }
+    }
+
     void key(Qt::Key key) { QTest::keyClick(picker.focusWidget(), key); }
 
     QString title() const
@@ -78,18 +86,26 @@ TEST(DatePicker, AClickPicksAndCloses)
     EXPECT_FALSE(stage.picker.isVisible());
 }
 
-TEST(DatePicker, PagingPicksNothing)
+TEST(DatePicker, TurningTheMonthOverPicksNothing)
 {
     Stage stage;
-    stage.key(Qt::Key_PageDown);
+    stage.press("Next month");
     EXPECT_EQ(stage.title(), QStringLiteral("April 2026"));
-    for (QPushButton* button : stage.picker.findChildren<QPushButton*>()) {
-        if (button->accessibleName() == QStringLiteral("Previous month"))
-            button->click();
-    }
-    EXPECT_EQ(stage.title(), QStringLiteral("March 2026"));
+    stage.press("Previous month");
+    stage.press("Previous month");
+    EXPECT_EQ(stage.title(), QStringLiteral("February 2026"));
     EXPECT_EQ(stage.picked, "");
     EXPECT_TRUE(stage.picker.isVisible());
+}
+
+TEST(DatePicker, PageKeysMoveTheDateByAMonth)
+{
+    Stage stage({2026, 1, 31});
+    stage.key(Qt::Key_PageDown);
+    EXPECT_EQ(stage.title(), QStringLiteral("February 2026"));
+    stage.key(Qt::Key_PageUp);
+    EXPECT_EQ(stage.picked, "2026-02-28 2026-01-28 ");
+    EXPECT_TRUE(stage.tile("2026-01-28")->hasFocus());
 }
 
 TEST(DatePicker, ArrowsMoveTheDate)
@@ -120,6 +136,7 @@ TEST(DatePicker, EndsWithTheLastYearThatCanBeTyped)
     Stage stage({9999, 12, 31});
     stage.key(Qt::Key_Right);
     stage.key(Qt::Key_PageDown);
+    stage.press("Next month");
     EXPECT_EQ(stage.picked, "");
     EXPECT_EQ(stage.title(), QStringLiteral("December 9999"));
 }
