@@ -52,7 +52,9 @@ QSize SidebarRow::sizeHint() const
 
 QSize SidebarRow::minimumSizeHint() const
 {
-    return {textLeft, heightForWidth(std::max(width(), textLeft))};
+    // The badge's height: the text's follows the width, and asked for too early it would take two lines for
+    // all rows.
+    return {textLeft, 2 * padding + badgeSize};
 }
 
 int SidebarRow::heightForWidth(int width) const
