@@ -84,6 +84,8 @@ void Button::showConfirmation(const QString& label)
 
 void Button::clearConfirmation()
 {
+    if (!m_confirmation)
+        return;
     m_confirmation.reset();
     setLabel(m_label);
     update();

@@ -12,7 +12,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
-#include <QtMath>
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -61,63 +60,76 @@ Theme::Token valueToken(const ResultRow& row)
     return row.weight == Weight::headline ? Theme::Token::accentInk : Theme::Token::text;
 }
 
-QString elided(const QFont& font, const QString& text, Qt::TextElideMode mode, int width)
-{
-    return textWidth(font, text) <= width ? text : QFontMetrics(font).elidedText(text, mode, width);
-}
-
 /// Texts on one baseline: the room above and below it that they need together.
 struct Line
 {
     int ascent = 0;
     int descent = 0;
 
-    void add(const QFontMetrics& metrics)
+    void add(int textAscent, int textDescent)
     {
-        ascent = std::max(ascent, metrics.ascent());
-        descent = std::max(descent, metrics.descent());
+        ascent = std::max(ascent, textAscent);
+        descent = std::max(descent, textDescent);
     }
     int height() const { return ascent + descent; }
 };
 
 } // namespace
 
+void ResultLine::Text::set(const QString& newText, const QFont& newFont)
+{
+    if (newFont != font || ascent == 0) {
+        font = newFont;
+        const QFontMetrics metrics(font);
+        ascent = metrics.ascent();
+        descent = metrics.descent();
+    } else if (newText == text) {
+        return;
+    }
+    text = newText;
+    width = textWidth(font, text);
+}
+
+QString ResultLine::Text::elided(Qt::TextElideMode mode, int room) const
+{
+    return width <= room ? text : QFontMetrics(font).elidedText(text, mode, room);
+}
+
 ResultLine::ResultLine(QWidget* parent)
     : QAbstractButton(parent)
-    , m_value(new Label(QString(), this))
-    , m_noteFont(Theme::font(Theme::FontRole::caption))
+    , m_valueLabel(new Label(QString(), this))
 {
-    m_value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_value->setFocusPolicy(Qt::NoFocus);
-    m_value->setCursor(Qt::PointingHandCursor);
-    m_value->installEventFilter(this);
+    m_valueLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_valueLabel->setFocusPolicy(Qt::NoFocus);
+    m_valueLabel->setCursor(Qt::PointingHandCursor);
+    m_valueLabel->installEventFilter(this);
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
     setAttribute(Qt::WA_Hover);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
-    applyFonts();
 }
 
 void ResultLine::setRow(const ResultRow& row)
 {
     if (row == m_row)
         return;
-    const bool sameLook = row.weight == m_row.weight && row.label.empty() == isReference();
     m_row = row;
-    m_label = toQt(row.label);
-    m_note = row.note ? toQt(*row.note) : QString();
-    m_valueText = toQt(row.value);
-    if (!sameLook)
-        applyFonts();
-    m_value->setToken(isReference() ? Theme::Token::text : valueToken(row));
+    const bool headline = row.weight == Weight::headline;
+    const Theme::FontRole role = isReference() ? Theme::FontRole::body : valueRole(row.weight);
+    m_label.set(toQt(row.label), Theme::font(headline ? Theme::FontRole::bodyBold : Theme::FontRole::body));
+    m_note.set(row.note ? toQt(*row.note) : QString(), Theme::font(Theme::FontRole::caption));
+    m_value.set(toQt(row.value), Theme::font(role));
+    if (m_valueLabel->font() != m_value.font)
+        m_valueLabel->setRole(role);
+    m_valueLabel->setToken(isReference() ? Theme::Token::text : valueToken(row));
 
-    QString name = isReference() ? m_valueText : m_label + QStringLiteral(": ") + m_valueText;
+    QString name = isReference() ? m_value.text : m_label.text + QStringLiteral(": ") + m_value.text;
     if (row.note)
-        name += QStringLiteral(" (") + m_note + QStringLiteral(")");
+        name += QStringLiteral(" (") + m_note.text + QStringLiteral(")");
     setAccessibleName(name);
-    setToolTip(QStringLiteral("Click to copy “%1”").arg(m_valueText));
+    setToolTip(QStringLiteral("Click to copy “%1”").arg(m_value.text));
     place();
     update();
 }
@@ -137,8 +149,7 @@ bool ResultLine::isHighlighted() const
 
 QSize ResultLine::sizeHint() const
 {
-    const int texts = textWidth(m_labelFont, m_label) + textWidth(m_noteFont, m_note)
-        + textWidth(m_value->font(), m_valueText);
+    const int texts = m_label.width + m_note.width + m_value.width;
     return {texts + 3 * gap + symbolSize + 2 * bleed, leastHeight(m_row.weight)};
 }
 
@@ -155,28 +166,27 @@ int ResultLine::heightForWidth(int width) const
 /// Everything on one line where it fits; else the note below the value; else the value below the label.
 ResultLine::Arrangement ResultLine::arrange(int width) const
 {
-    const QFontMetrics labelMetrics(m_labelFont);
-    const QFontMetrics noteMetrics(m_noteFont);
-    const QFontMetrics valueMetrics(m_value->font());
     const int left = bleed;
     const int right = std::max(left, width - bleed - symbolSize - gap);
     const int room = right - left;
-    const int labelWidth = std::min(room, textWidth(m_labelFont, m_label));
-    const int noteWidth = std::min(room, textWidth(m_noteFont, m_note));
-    const int valueWidth = std::min(room, textWidth(m_value->font(), m_valueText));
-    const int labelTaken = m_label.isEmpty() ? 0 : labelWidth + gap;
-    const int noteTaken = m_note.isEmpty() ? 0 : noteWidth + gap;
+    const int labelWidth = std::min(room, m_label.width);
+    const int noteWidth = std::min(room, m_note.width);
+    const int valueWidth = std::min(room, m_value.width);
+    const bool hasLabel = !m_label.text.isEmpty();
+    const bool hasNote = !m_note.text.isEmpty();
+    const int labelTaken = hasLabel ? labelWidth + gap : 0;
+    const int noteTaken = hasNote ? noteWidth + gap : 0;
 
-    const int valueLine = labelTaken + valueWidth <= room ? 0 : 1;
+    const std::size_t valueLine = labelTaken + valueWidth <= room ? 0 : 1;
     const bool noteFits = (valueLine == 0 ? labelTaken : 0) + noteTaken + valueWidth <= room;
-    const int noteLine = noteFits ? valueLine : valueLine + 1;
+    const std::size_t noteLine = noteFits ? valueLine : valueLine + 1;
 
     std::array<Line, 3> lines;
-    if (!m_label.isEmpty())
-        lines.at(0).add(labelMetrics);
-    lines.at(static_cast<std::size_t>(valueLine)).add(valueMetrics);
-    if (!m_note.isEmpty())
-        lines.at(static_cast<std::size_t>(noteLine)).add(noteMetrics);
+    if (hasLabel)
+        lines.at(0).add(m_label.ascent, m_label.descent);
+    lines.at(valueLine).add(m_value.ascent, m_value.descent);
+    if (hasNote)
+        lines.at(noteLine).add(m_note.ascent, m_note.descent);
     int extra = 0;
     for (std::size_t i = 1; i < lines.size(); ++i)
         extra += lines.at(i).height() > 0 ? lines.at(i).height() + rowSpacing : 0;
@@ -189,30 +199,22 @@ ResultLine::Arrangement ResultLine::arrange(int width) const
         baselines.at(i) = y + lines.at(i).ascent;
         y += lines.at(i).height() + rowSpacing;
     }
-    const auto boxAt = [&](int x, int lineIndex, int boxWidth, const QFontMetrics& metrics) {
-        return QRect(x, baselines.at(static_cast<std::size_t>(lineIndex)) - metrics.ascent(), boxWidth,
-                     metrics.height());
+    const auto boxAt = [&](int x, std::size_t line, int boxWidth, const Text& text) {
+        return QRect(x, baselines.at(line) - text.ascent, boxWidth, text.ascent + text.descent);
     };
     const int valueLeft = isReference() ? left : right - valueWidth;
-    places.label = boxAt(left, 0, labelWidth, labelMetrics);
-    places.value = boxAt(valueLeft, valueLine, valueWidth, valueMetrics);
-    places.note = boxAt((noteFits ? valueLeft - gap : right) - noteWidth, noteLine, noteWidth, noteMetrics);
+    places.label = boxAt(left, 0, labelWidth, m_label);
+    places.value = boxAt(valueLeft, valueLine, valueWidth, m_value);
+    places.note = boxAt((noteFits ? valueLeft - gap : right) - noteWidth, noteLine, noteWidth, m_note);
     return places;
-}
-
-void ResultLine::applyFonts()
-{
-    m_labelFont
-        = Theme::font(m_row.weight == Weight::headline ? Theme::FontRole::bodyBold : Theme::FontRole::body);
-    m_value->setRole(isReference() ? Theme::FontRole::body : valueRole(m_row.weight));
 }
 
 void ResultLine::place()
 {
     const int oldHeight = m_places.height;
     m_places = arrange(width());
-    m_value->setGeometry(m_places.value);
-    m_value->setText(elided(m_value->font(), m_valueText, Qt::ElideMiddle, m_places.value.width()));
+    m_valueLabel->setGeometry(m_places.value);
+    m_valueLabel->setText(m_value.elided(Qt::ElideMiddle, m_places.value.width()));
     if (m_places.height != oldHeight)
         updateGeometry();
 }
@@ -222,13 +224,13 @@ bool ResultLine::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
-        const auto showElided = [&](const QString& text, const QFont& font, const QRect& place) {
-            if (!place.contains(help->pos()) || textWidth(font, text) <= place.width())
+        const auto showElided = [&](const Text& text, const QRect& place) {
+            if (!place.contains(help->pos()) || text.width <= place.width())
                 return false;
-            QToolTip::showText(help->globalPos(), text, this, place);
+            QToolTip::showText(help->globalPos(), text.text, this, place);
             return true;
         };
-        if (showElided(m_label, m_labelFont, m_places.label) || showElided(m_note, m_noteFont, m_places.note))
+        if (showElided(m_label, m_places.label) || showElided(m_note, m_places.note))
             return true;
     }
     return QAbstractButton::event(event);
@@ -237,7 +239,7 @@ bool ResultLine::event(QEvent* event)
 /// The value is selectable text, which keeps mouse events to itself: only a real drag is its own.
 bool ResultLine::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_value && filterValueMouse(event))
+    if (watched == m_valueLabel && filterValueMouse(event))
         return true;
     return QAbstractButton::eventFilter(watched, event);
 }
@@ -255,8 +257,8 @@ bool ResultLine::filterValueMouse(QEvent* event)
         const auto* mouse = static_cast<QMouseEvent*>(event);
         if (!(mouse->buttons() & Qt::LeftButton) || !isDrag(*mouse))
             return true;
-        if (!m_value->hasFocus()) // so that Ctrl+C copies the selection
-            m_value->setFocus(Qt::MouseFocusReason);
+        if (!m_valueLabel->hasFocus()) // so that Ctrl+C copies the selection
+            m_valueLabel->setFocus(Qt::MouseFocusReason);
         return false;
     }
     case QEvent::MouseButtonRelease: {
@@ -332,17 +334,15 @@ void ResultLine::paintEvent(QPaintEvent* /*event*/)
     const bool hovered = underMouse();
     Surface::drawPress(painter, rect(), Metric::controlRadius,
                        hovered ? Surface::Press::hovered : Surface::Press::none);
-    const auto drawText
-        = [&](const QString& text, const QRect& place, const QFont& font, Qt::TextElideMode mode) {
-              painter.setFont(font);
-              painter.drawText(place.left(), place.top() + QFontMetrics(font).ascent(),
-                               elided(font, text, mode, place.width()));
-          };
+    const auto drawText = [&](const Text& text, const QRect& place, Qt::TextElideMode mode) {
+        painter.setFont(text.font);
+        painter.drawText(place.left(), place.top() + text.ascent, text.elided(mode, place.width()));
+    };
     painter.setPen(
         Theme::color(m_row.weight == Weight::detail ? Theme::Token::textSecondary : Theme::Token::text));
-    drawText(m_label, m_places.label, m_labelFont, Qt::ElideMiddle);
+    drawText(m_label, m_places.label, Qt::ElideMiddle);
     painter.setPen(Theme::color(Theme::Token::textSecondary));
-    drawText(m_note, m_places.note, m_noteFont, Qt::ElideRight);
+    drawText(m_note, m_places.note, Qt::ElideRight);
 
     const QRect symbol(width() - bleed - symbolSize, 0, symbolSize, height());
     if (m_marked)

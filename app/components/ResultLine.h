@@ -3,6 +3,7 @@
 #include "core/ResultRow.h"
 
 #include <QAbstractButton>
+#include <QFont>
 #include <QRect>
 #include <QString>
 
@@ -59,6 +60,20 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    /// A text with what the arrangement needs to know of it, measured once: shaping text is slow.
+    struct Text
+    {
+        QString text;
+        QFont font;
+        int width = 0;
+        int ascent = 0;
+        int descent = 0;
+
+        void set(const QString& newText, const QFont& newFont);
+        /// The whole text where `room` holds it.
+        QString elided(Qt::TextElideMode mode, int room) const;
+    };
+
     /// Where each text goes at a width; `y` of a rectangle is the top of its font.
     struct Arrangement
     {
@@ -69,20 +84,17 @@ private:
     };
 
     Arrangement arrange(int width) const;
-    void applyFonts();
     void place();
     bool isReference() const { return m_row.label.empty(); }
     bool isDrag(const QMouseEvent& event) const;
     bool filterValueMouse(QEvent* event);
 
     ResultRow m_row;
-    QString m_label;
-    QString m_note;
-    QString m_valueText;
-    Label* m_value;
+    Text m_label;
+    Text m_note;
+    Text m_value;
+    Label* m_valueLabel;
     Arrangement m_places;
-    QFont m_labelFont;
-    QFont m_noteFont;
     QPoint m_pressedAt; ///< On the screen.
     bool m_marked = false;
 };

@@ -25,7 +25,10 @@ const std::string& keyOf(const ResultRow& row)
 
 ResultLines::ResultLines(Clock& clock, QWidget* parent)
     : QWidget(parent)
-    , m_mark(clock, [this] { showMark(); })
+    , m_mark(clock, [this] {
+        markLines();
+        Q_EMIT markChanged();
+    })
 {
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
@@ -51,7 +54,7 @@ void ResultLines::setRows(std::span<const ResultRow> rows)
     m_lines = std::move(lines);
     for (std::size_t i = 0; i < rows.size(); ++i)
         m_lines[i]->setRow(rows[i]);
-    showMark();
+    markLines();
     for (std::size_t i = 0; i < m_lines.size(); ++i)
         m_lines[i]->setVisible(i < rows.size());
     if (!sameOrder) {
@@ -109,11 +112,10 @@ void ResultLines::addTo(QVBoxLayout* column, int above, int below)
     column->addItem(new BleedingItem(this, {ResultLine::bleed, above, ResultLine::bleed, below}));
 }
 
-void ResultLines::showMark()
+void ResultLines::markLines()
 {
     for (std::size_t i = 0; i < m_rows.size(); ++i)
         m_lines[i]->setMarked(m_mark.isOn(keyOf(m_rows[i])));
-    Q_EMIT markChanged();
 }
 
 QSize ResultLines::sizeHint() const

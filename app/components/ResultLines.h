@@ -54,7 +54,7 @@ protected:
 private:
     std::vector<ResultLine*> takeLinesFor(std::span<const ResultRow> rows);
     ResultLine* makeLine();
-    void showMark();
+    void markLines();
     void place();
 
     std::vector<ResultRow> m_rows;
