@@ -68,15 +68,20 @@ struct Note
 
 } // namespace zelta
 
-template <> struct std::hash<zelta::NoteBlock>
+// Written out as a namespace: the meta-object compiler cannot read `struct std::hash<…>`.
+namespace std {
+
+template <> struct hash<zelta::NoteBlock>
 {
-    std::size_t operator()(const zelta::NoteBlock& block) const
+    size_t operator()(const zelta::NoteBlock& block) const
     {
-        return block.id.hash() ^ std::hash<std::string> {}(block.text);
+        return block.id.hash() ^ hash<string> {}(block.text);
     }
 };
 
-template <> struct std::hash<zelta::Note>
+template <> struct hash<zelta::Note>
 {
-    std::size_t operator()(const zelta::Note& note) const;
+    size_t operator()(const zelta::Note& note) const;
 };
+
+} // namespace std

@@ -45,7 +45,12 @@ private:
 
 } // namespace zelta
 
-template <> struct std::hash<zelta::Uuid>
+// Written out as a namespace: the meta-object compiler cannot read `struct std::hash<…>`.
+namespace std {
+
+template <> struct hash<zelta::Uuid>
 {
-    std::size_t operator()(const zelta::Uuid& id) const { return id.hash(); }
+    size_t operator()(const zelta::Uuid& id) const { return id.hash(); }
 };
+
+} // namespace std

@@ -9,6 +9,7 @@
 #include "app/pages/ConverterView.h"
 #include "app/pages/DurationView.h"
 #include "app/pages/HistoryView.h"
+#include "app/pages/NotesView.h"
 #include "app/pages/PercentView.h"
 #include "app/pages/SettingsView.h"
 #include "app/shell/AboutDialog.h"
@@ -60,12 +61,14 @@ QWidget* makeContent(Module module, AppModel& model)
         return new ConverterView(model);
     case Module::calendar:
         return new CalendarPageView(model);
+    case Module::notes:
+        return new NotesView(model);
     case Module::duration:
         return new DurationView(model);
-    case Module::settings:
-        return new SettingsView(model);
     case Module::history:
         return new HistoryView(model);
+    case Module::settings:
+        return new SettingsView(model);
     default:
         return nullptr;
     }

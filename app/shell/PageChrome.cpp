@@ -18,6 +18,13 @@ constexpr int badgeSize = 38;
 constexpr int headerGap = 12;
 constexpr int headerHeight = 42;
 
+/// A page that begins with its help line has that line closer to the header, which it belongs to.
+int spacingBelowHeader(Module module)
+{
+    constexpr int aboveHelp = 10;
+    return module == Module::notes ? aboveHelp : Metric::partSpacing;
+}
+
 } // namespace
 
 PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent)
@@ -34,8 +41,9 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     viewport()->setAutoFillBackground(false);
 
     auto* layout = new QVBoxLayout(m_column);
-    layout->setSpacing(Metric::partSpacing);
+    layout->setSpacing(0);
     layout->addWidget(makeHeader(m_column));
+    layout->addSpacing(spacingBelowHeader(module));
     const bool fills = content && content->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag;
     if (content)
         layout->addWidget(content, fills ? 1 : 0);

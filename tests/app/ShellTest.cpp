@@ -15,6 +15,7 @@
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
 #include <csignal>
 
 namespace zelta {
@@ -166,7 +167,7 @@ TEST_F(ShellTest, SavedToHistoryAppearsInTheHeaderAndMovesNothing)
     show();
     const auto labelsOfPage = window.findChild<PageChrome*>()->findChildren<Label*>();
     const Label* title = labelsOfPage.first();
-    const Label* message = labelsOfPage.last();
+    const Label* message = *std::ranges::find(labelsOfPage, QStringLiteral("Saved to history"), &Label::text);
     QCoreApplication::processEvents();
     const QRect before = title->geometry();
     EXPECT_FALSE(message->isVisible());

@@ -1,0 +1,103 @@
+#include "app/pages/NoteListDelegate.h"
+
+#include "app/look/Surface.h"
+#include "app/look/Theme.h"
+#include "app/pages/NoteListModel.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace zelta {
+
+namespace {
+
+constexpr int firstHeadingHeight = 26;
+constexpr int headingHeight = 30;
+constexpr int headingTextHeight = 15;
+constexpr int headingBelow = 5;
+constexpr int rowHeight = 70;
+constexpr int textMargin = 11;
+// Tops and heights of the three lines of a row.
+constexpr int titleTop = 9;
+constexpr int titleHeight = 17;
+constexpr int previewTop = 28;
+constexpr int previewHeight = 16;
+constexpr int dateTop = 47;
+constexpr int dateHeight = 14;
+
+QColor blended(QColor color, qreal opacity)
+{
+    color.setAlphaF(static_cast<float>(opacity));
+    return color;
+}
+
+void drawLine(QPainter& painter, const QRect& area, const QString& text, Theme::FontRole role,
+              Theme::Token token, Qt::LayoutDirection direction, Qt::Alignment alignment)
+{
+    painter.setFont(Theme::font(role));
+    painter.setPen(Theme::color(token));
+    painter.setLayoutDirection(direction);
+    const QString shown = painter.fontMetrics().elidedText(text, Qt::ElideRight, area.width());
+    painter.drawText(
+        area, static_cast<int>(alignment | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine, shown);
+}
+
+} // namespace
+
+QSize NoteListDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const
+{
+    if (!index.data(NoteListModel::isHeadingRole).toBool())
+        return {0, rowHeight};
+    return {0, index.row() == 0 ? firstHeadingHeight : headingHeight};
+}
+
+void NoteListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const
+{
+    painter->save();
+    if (index.data(NoteListModel::isHeadingRole).toBool())
+        paintHeading(*painter, option.rect, index);
+    else
+        paintNote(*painter, option.rect, option, index);
+    painter->restore();
+}
+
+void NoteListDelegate::paintHeading(QPainter& painter, const QRect& area, const QModelIndex& index)
+{
+    const QRect line(area.left() + textMargin, area.bottom() + 1 - headingBelow - headingTextHeight,
+                     area.width() - 2 * textMargin, headingTextHeight);
+    drawLine(painter, line, index.data().toString(), Theme::FontRole::sectionLabel,
+             Theme::Token::textSecondary, Qt::LeftToRight, Qt::AlignLeft);
+}
+
+void NoteListDelegate::paintNote(QPainter& painter, const QRect& area, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index)
+{
+    constexpr qreal selectedFill = 0.14;
+    constexpr qreal selectedLine = 0.34;
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    if (isSelected) {
+        const QColor tint = Theme::tint(Module::notes);
+        Surface::draw(painter, area, Metric::controlRadius, blended(tint, selectedFill),
+                      blended(tint, selectedLine));
+    } else if (option.state.testFlag(QStyle::State_MouseOver)) {
+        Surface::drawPress(painter, area, Metric::controlRadius, Surface::Press::hovered);
+    }
+    if (isSelected && option.widget != nullptr && Surface::showsFocus(*option.widget))
+        Surface::drawFocusRing(painter, area, Metric::controlRadius);
+
+    const bool isRightToLeft = index.data(NoteListModel::isRightToLeftRole).toBool();
+    const Qt::LayoutDirection direction = isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight;
+    const Qt::Alignment side = isRightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+    const auto line = [&area](int top, int height) {
+        return QRect(area.left() + textMargin, area.top() + top, area.width() - 2 * textMargin, height);
+    };
+    drawLine(painter, line(titleTop, titleHeight), index.data().toString(), Theme::FontRole::rowTitle,
+             Theme::Token::text, direction, side);
+    drawLine(painter, line(previewTop, previewHeight), index.data(NoteListModel::previewRole).toString(),
+             Theme::FontRole::menu, Theme::Token::textSecondary, direction, side);
+    drawLine(painter, line(dateTop, dateHeight), index.data(NoteListModel::dateRole).toString(),
+             Theme::FontRole::note, Theme::Token::textSecondary, Qt::LeftToRight, side);
+}
+
+} // namespace zelta

@@ -1,0 +1,126 @@
+#include "app/pages/NoteListModel.h"
+
+#include "app/model/Text.h"
+#include "core/CalendarKit.h"
+#include "core/TextDirection.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zelta {
+
+NoteListModel::NoteListModel(QObject* parent)
+    : QAbstractListModel(parent)
+{ }
+
+const Note* NoteListModel::note(std::int64_t id) const
+{
+    const auto found = std::ranges::find(m_notes, id, &Note::id);
+    return found != m_notes.end() ? &*found : nullptr;
+}
+
+void NoteListModel::setNotes(std::vector<Note> notes, Instant now, const Calendar& calendar)
+{
+    beginResetModel();
+    m_notes = std::move(notes);
+    m_shown.assign(m_notes.size(), std::nullopt);
+    m_calendar = calendar;
+    m_groups = groupNotes(m_notes, now, calendar);
+    m_rows.clear();
+    for (std::size_t i = 0; i < m_groups.size(); ++i) {
+        m_rows.push_back({.isHeading = true, .place = i});
+        for (const std::size_t place : m_groups[i].notes)
+            m_rows.push_back({.isHeading = false, .place = place});
+    }
+    endResetModel();
+}
+
+void NoteListModel::replaceNote(const Note& note, Instant now, const Calendar& calendar)
+{
+    const auto found = std::ranges::find(m_notes, note.id, &Note::id);
+    if (found == m_notes.end())
+        return;
+    *found = note;
+    m_shown[static_cast<std::size_t>(found - m_notes.begin())].reset();
+    regroup(now, calendar);
+    const QModelIndex row = indexOf(note.id);
+    Q_EMIT dataChanged(row, row);
+}
+
+void NoteListModel::regroup(Instant now, const Calendar& calendar)
+{
+    if (m_calendar != calendar || groupNotes(m_notes, now, calendar) != m_groups)
+        setNotes(std::move(m_notes), now, calendar);
+}
+
+QModelIndex NoteListModel::indexOf(std::optional<std::int64_t> noteId) const
+{
+    const auto found = std::ranges::find_if(
+        m_rows, [this, noteId](const Row& row) { return !row.isHeading && m_notes[row.place].id == noteId; });
+    return found != m_rows.end() ? index(static_cast<int>(found - m_rows.begin())) : QModelIndex();
+}
+
+int NoteListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant NoteListModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount())
+        return {};
+    const Row& row = m_rows[static_cast<std::size_t>(index.row())];
+    if (role == isHeadingRole)
+        return row.isHeading;
+    if (!row.isHeading)
+        return noteData(row.place, role);
+    if (role == titleRole || role == Qt::AccessibleTextRole)
+        return toQt(m_groups[row.place].title);
+    return {};
+}
+
+const NoteListModel::Shown& NoteListModel::shown(std::size_t place) const
+{
+    // A row shows one elided line; a title may be the whole of a very long paragraph.
+    constexpr qsizetype longestShown = 400;
+    std::optional<Shown>& shown = m_shown[place];
+    if (!shown) {
+        const Note& note = m_notes[place];
+        const std::string title = note.title();
+        shown = {.title = toQt(title).left(longestShown),
+                 .preview = toQt(note.preview()).left(longestShown),
+                 .date = toQt(CalendarKit::fullDate(note.updatedAt, *m_calendar)),
+                 .isRightToLeft = directionOf(title) == TextDirection::rightToLeft};
+    }
+    return *shown;
+}
+
+QVariant NoteListModel::noteData(std::size_t place, int role) const
+{
+    switch (role) {
+    case titleRole:
+        return shown(place).title;
+    case previewRole:
+        return shown(place).preview;
+    case dateRole:
+        return shown(place).date;
+    case isRightToLeftRole:
+        return shown(place).isRightToLeft;
+    case noteIdRole:
+        return static_cast<qlonglong>(m_notes[place].id);
+    case Qt::AccessibleTextRole:
+        return QStringList {shown(place).title, shown(place).preview, shown(place).date}.join(
+            QStringLiteral(", "));
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags NoteListModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid() || m_rows[static_cast<std::size_t>(index.row())].isHeading)
+        return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+}
+
+} // namespace zelta

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "app/pages/NoteList.h"
+#include "core/Calendar.h"
+#include "core/Note.h"
+
+#include <QAbstractListModel>
+#include <QString>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace zelta {
+
+/// The loaded notes as the rows of a list, each group under its heading. Texts are worked out for the rows
+/// that are looked at.
+class NoteListModel final : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        titleRole = Qt::DisplayRole, ///< a note's title, or the heading
+        previewRole = Qt::UserRole,
+        dateRole, ///< "Sat, 07 Mar 2026"
+        isHeadingRole,
+        isRightToLeftRole,
+        noteIdRole,
+    };
+
+    explicit NoteListModel(QObject* parent);
+
+    const std::vector<Note>& notes() const { return m_notes; }
+    const Note* note(std::int64_t id) const;
+
+    void setNotes(std::vector<Note> notes, Instant now, const Calendar& calendar);
+
+    /// Puts the new state of a note in its place; the order stays, the groups follow.
+    void replaceNote(const Note& note, Instant now, const Calendar& calendar);
+
+    /// Groups the notes again, for another day.
+    void regroup(Instant now, const Calendar& calendar);
+
+    QModelIndex indexOf(std::optional<std::int64_t> noteId) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    /// A heading (an index into the groups) or a note (an index into the notes).
+    struct Row
+    {
+        bool isHeading = false;
+        std::size_t place = 0;
+    };
+
+    /// The texts of a note's row.
+    struct Shown
+    {
+        QString title;
+        QString preview;
+        QString date;
+        bool isRightToLeft = false;
+    };
+
+    const Shown& shown(std::size_t place) const;
+    QVariant noteData(std::size_t place, int role) const;
+
+    std::vector<Note> m_notes;
+    mutable std::vector<std::optional<Shown>> m_shown; // by place, for the rows looked at so far
+    std::vector<NoteGroup> m_groups;
+    std::vector<Row> m_rows;
+    std::optional<Calendar> m_calendar;
+};
+
+} // namespace zelta

@@ -1,0 +1,124 @@
+#include "app/pages/NotesListView.h"
+
+#include "app/components/EmptyState.h"
+#include "app/pages/NoteListDelegate.h"
+#include "app/pages/NoteListModel.h"
+
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace zelta {
+
+namespace {
+
+constexpr int padding = 8;
+constexpr int line = 1;
+
+/// Tells a click on the row that is current already, too: it opens its note anew. Keeps its rows clear of
+/// the right edge, where the scroll handle has its place.
+class NoteRows final : public QListView
+{
+public:
+    NoteRows(QWidget* parent, std::function<void(const QModelIndex&)> chosenAgain)
+        : QListView(parent)
+        , m_chosenAgain(std::move(chosenAgain))
+    { }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        const QModelIndex before = currentIndex();
+        QListView::mousePressEvent(event);
+        if (event->button() == Qt::LeftButton && before.isValid() && indexAt(event->pos()) == before)
+            m_chosenAgain(before);
+    }
+
+    void updateGeometries() override
+    {
+        const int bar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
+        setViewportMargins(0, 0, std::max(0, padding - bar), 0);
+        QListView::updateGeometries();
+    }
+
+private:
+    std::function<void(const QModelIndex&)> m_chosenAgain;
+};
+
+} // namespace
+
+NotesListView::NotesListView(QWidget* parent)
+    : Card(parent)
+    , m_model(new NoteListModel(this))
+    , m_noNotes(new EmptyState("note.text", QStringLiteral("No notes yet"),
+                               QStringLiteral("Make one and start writing."), this))
+    , m_noMatches(new EmptyState("magnifier", QStringLiteral("No matches"),
+                                 QStringLiteral("Nothing here matches that search."), this))
+{
+    const auto choose = [this](const QModelIndex& index) {
+        const QVariant id = index.data(NoteListModel::noteIdRole);
+        if (!m_isSelecting && id.isValid())
+            Q_EMIT noteChosen(id.toLongLong());
+    };
+    m_list = new NoteRows(this, choose);
+    m_list->setAccessibleName(QStringLiteral("Notes"));
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setModel(m_model);
+    m_list->setItemDelegate(new NoteListDelegate(m_list));
+    m_list->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setResizeMode(QListView::Adjust);
+    m_list->setMouseTracking(true);
+    m_list->viewport()->setAutoFillBackground(false);
+    m_list->verticalScrollBar()->setSingleStep(20);
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this, choose);
+    connect(m_model, &QAbstractItemModel::modelReset, this, &NotesListView::showContent);
+
+    layout()->setContentsMargins(padding + line, padding + line, line, padding + line);
+    content()->addWidget(m_list, 1);
+    content()->addWidget(m_noNotes);
+    content()->addWidget(m_noMatches);
+    showContent();
+}
+
+void NotesListView::select(std::optional<std::int64_t> noteId)
+{
+    m_selected = noteId;
+    showSelection();
+}
+
+void NotesListView::setWhenEmpty(WhenEmpty whenEmpty)
+{
+    m_whenEmpty = whenEmpty;
+    showContent();
+}
+
+void NotesListView::showSelection()
+{
+    const QScopedValueRollback<bool> selecting(m_isSelecting, true);
+    const QModelIndex row = m_model->indexOf(m_selected);
+    m_list->setCurrentIndex(row);
+    if (!row.isValid())
+        m_list->clearSelection();
+    else if (row.row() == 1)
+        m_list->scrollToTop(); // with its heading
+    else
+        m_list->scrollTo(row);
+}
+
+void NotesListView::showContent()
+{
+    const bool isEmpty = m_model->rowCount() == 0;
+    m_list->setVisible(!isEmpty);
+    m_noNotes->setVisible(isEmpty && m_whenEmpty == WhenEmpty::noNotesYet);
+    m_noMatches->setVisible(isEmpty && m_whenEmpty == WhenEmpty::noMatches);
+    showSelection();
+}
+
+} // namespace zelta

@@ -1,0 +1,342 @@
+#include "app/pages/NotesView.h"
+
+#include "app/components/Button.h"
+#include "app/components/Clipboard.h"
+#include "app/components/ConfirmDialog.h"
+#include "app/components/Flash.h"
+#include "app/components/IconButton.h"
+#include "app/components/InfoNote.h"
+#include "app/model/AppModel.h"
+#include "app/model/Text.h"
+#include "app/pages/NoteEditorPane.h"
+#include "app/pages/NoteListModel.h"
+#include "app/pages/NotesListView.h"
+#include "app/pages/NotesToolbar.h"
+#include "app/pages/ParagraphColumn.h"
+#include "app/pages/SearchField.h"
+
+#include <QHBoxLayout>
+#include <QListView>
+#include <QShowEvent>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+namespace zelta {
+
+NotesView::NotesView(AppModel& model, QWidget* parent)
+    : QWidget(parent)
+    , m_model(model)
+    , m_toolbar(new NotesToolbar(this))
+    , m_list(new NotesListView(this))
+    , m_pane(new NoteEditorPane(model.clock(), this))
+{
+    constexpr int belowHelp = 18;
+    constexpr int belowToolbar = 14;
+    constexpr int split = 14;
+    auto* help = new InfoNote(
+        QStringLiteral("Notes are plain text. Each paragraph decides its own direction from its script, so "
+                       "an Arabic paragraph runs right to left and an English one left to right, side by "
+                       "side. Search looks through every note."),
+        this);
+    auto* halves = new QHBoxLayout;
+    halves->setSpacing(split);
+    halves->addWidget(m_list);
+    halves->addWidget(m_pane, 1);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(help);
+    column->addSpacing(belowHelp);
+    column->addWidget(m_toolbar);
+    column->addSpacing(belowToolbar);
+    column->addLayout(halves, 1);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    connectParts();
+    setTabOrders();
+}
+
+void NotesView::connectParts()
+{
+    connect(m_toolbar->newNote, &QPushButton::clicked, this, &NotesView::newNote);
+    connect(m_toolbar->search, &QLineEdit::textChanged, this, &NotesView::searchChanged);
+    connect(m_toolbar->undo, &QPushButton::clicked, this, &NotesView::undo);
+    connect(m_toolbar->redo, &QPushButton::clicked, this, &NotesView::redo);
+    connect(m_toolbar->copy, &QPushButton::clicked, this, &NotesView::copyNote);
+    connect(m_toolbar->remove, &QPushButton::clicked, this, &NotesView::askToDelete);
+    connect(m_list, &NotesListView::noteChosen, this, &NotesView::open);
+    connect(m_pane->addButton(), &QPushButton::clicked, this, &NotesView::appendBlock);
+    connect(m_pane->paragraphs(), &ParagraphColumn::removeRequested, this, &NotesView::removeBlock);
+    connect(m_pane->paragraphs(), &ParagraphColumn::published, this,
+            [this](std::int64_t noteId, const ParagraphKey& key, const std::string& text) {
+                updateBlock(key, noteId, text);
+            });
+}
+
+void NotesView::setTabOrders()
+{
+    const std::initializer_list<QWidget*> order
+        = {m_toolbar->newNote, m_toolbar->search, m_toolbar->search->clearButton(),
+           m_list->list(),     m_toolbar->undo,   m_toolbar->redo,
+           m_toolbar->copy,    m_toolbar->remove, m_pane->addButton()};
+    QWidget* before = nullptr;
+    for (QWidget* widget : order) {
+        if (before != nullptr)
+            setTabOrder(before, widget);
+        before = widget;
+    }
+    m_pane->paragraphs()->setTabPredecessor(m_toolbar->remove);
+}
+
+const std::vector<Note>& NotesView::notes() const
+{
+    return m_list->model().notes();
+}
+
+std::optional<std::int64_t> NotesView::selectedID() const
+{
+    return m_draft ? std::optional(m_draft->note().id) : std::nullopt;
+}
+
+Instant NotesView::now() const
+{
+    return m_model.clock().now();
+}
+
+void NotesView::load(OnReload onReload)
+{
+    handOn();
+    flushSave();
+    reload(onReload);
+}
+
+void NotesView::reload(OnReload onReload)
+{
+    m_searchTask.cancel();
+    m_reloadTask.cancel();
+    const std::string search = toUtf8(m_toolbar->search->text());
+    m_list->setWhenEmpty(search.empty() ? NotesListView::WhenEmpty::noNotesYet
+                                        : NotesListView::WhenEmpty::noMatches);
+    m_list->model().setNotes(m_model.store().notes(search, listLimit), now(), m_model.calendar());
+    if (!selectionStays(notes(), selectedID(), onReload))
+        openDraft(notes().empty() ? nullptr : &notes().front());
+}
+
+void NotesView::newNote()
+{
+    handOn();
+    flushSave();
+    const std::optional<Note> made = m_model.store().createNote(Note(0, {}, now(), now()));
+    if (!made)
+        return;
+    {
+        // An emptied search would load the list by itself, and keep the selection.
+        const QSignalBlocker quiet(m_toolbar->search);
+        m_toolbar->search->clear();
+    }
+    m_toolbar->search->clearButton()->hide();
+    reload(OnReload::keepSelection);
+    openDraft(&*made);
+    m_pane->paragraphs()->focusParagraph(0);
+}
+
+void NotesView::open(std::int64_t noteId)
+{
+    handOn();
+    flushSave();
+    if (const Note* note = m_list->model().note(noteId))
+        openDraft(note);
+}
+
+void NotesView::openDraft(const Note* note)
+{
+    m_saveTask.cancel();
+    m_isUnsaved = false;
+    if (note != nullptr)
+        m_draft.emplace(*note);
+    else
+        m_draft.reset();
+    m_list->select(selectedID());
+    showDraft();
+}
+
+void NotesView::updateBlock(const ParagraphKey& key, std::int64_t inNote, std::string_view text)
+{
+    if (m_draft && m_draft->note().id == inNote) {
+        if (m_draft->update(key, text, now())) {
+            m_pane->showWords(m_draft->note());
+            scheduleSave();
+        }
+        return;
+    }
+    std::optional<Note> late = m_model.store().note(inNote);
+    if (late && replaceText(*late, key, text, now()) && m_model.store().updateNote(*late))
+        m_list->model().replaceNote(*late, now(), m_model.calendar());
+}
+
+void NotesView::appendBlock()
+{
+    handOn();
+    if (!m_draft)
+        return;
+    m_draft->append(now());
+    draftChanged();
+    m_pane->paragraphs()->focusParagraph(m_draft->note().blocks.size() - 1);
+}
+
+void NotesView::removeBlock(std::size_t at)
+{
+    handOn();
+    const auto focused = m_pane->paragraphs()->focusedParagraph();
+    if (!m_draft || !m_draft->remove(at, now()))
+        return;
+    draftChanged();
+    if (focused == at)
+        m_pane->paragraphs()->focusParagraph(std::min(at, m_draft->note().blocks.size() - 1));
+}
+
+/// After a step of the draft: the page shows it, and it is saved when no more follow.
+void NotesView::draftChanged()
+{
+    showDraft();
+    scheduleSave();
+}
+
+void NotesView::showDraft()
+{
+    m_toolbar->setSteps(m_draft && m_draft->canUndo(), m_draft && m_draft->canRedo());
+    m_toolbar->setHasNote(m_draft.has_value());
+    m_pane->show(m_draft ? &m_draft->note() : nullptr);
+}
+
+void NotesView::undo()
+{
+    step(&NoteDraft::undo, QStringLiteral("Undone"));
+}
+
+void NotesView::redo()
+{
+    step(&NoteDraft::redo, QStringLiteral("Redone"));
+}
+
+void NotesView::step(bool (NoteDraft::*direction)(), const QString& message)
+{
+    handOn();
+    if (!m_draft || !(*m_draft.*direction)())
+        return;
+    m_isUnsaved = true;
+    showDraft();
+    flushSave();
+    m_pane->message()->flash(message);
+}
+
+void NotesView::copyNote()
+{
+    handOn();
+    if (!m_draft)
+        return;
+    copyText(toQt(m_draft->note().plainText()));
+    m_pane->message()->flash(QStringLiteral("Note copied"));
+}
+
+void NotesView::askToDelete()
+{
+    // A title can be a whole paragraph; the question stays readable.
+    constexpr qsizetype longestTitle = 200;
+    handOn();
+    if (!m_draft)
+        return;
+    QString title = toQt(m_draft->note().title());
+    if (title.size() > longestTitle)
+        title = title.left(longestTitle) + QStringLiteral("…");
+    ConfirmDialog::ask(
+        *this,
+        {.title = QStringLiteral("Delete this note?"),
+         .text = QStringLiteral("“") + title
+             + QStringLiteral(
+                     "” will be deleted for good — Zelta Basic has no Trash. This cannot be undone."),
+         .action = QStringLiteral("Delete Note")},
+        [this, noteId = m_draft->note().id] { carryOutDelete(noteId); });
+}
+
+void NotesView::carryOutDelete(std::int64_t noteId)
+{
+    handOn();
+    flushSave();
+    if (!m_model.store().deleteNote(noteId))
+        return;
+    reload(OnReload::keepSelection);
+    m_pane->message()->flash(QStringLiteral("Note deleted"));
+}
+
+/// Every row hands on what was typed into it and has not reached the draft.
+void NotesView::handOn()
+{
+    m_pane->paragraphs()->publishNow();
+}
+
+void NotesView::scheduleSave()
+{
+    m_isUnsaved = true;
+    m_saveTask = m_model.clock().after(
+        saveDelay, [this] { flushSave(); }, Clock::Purpose::save);
+}
+
+void NotesView::flushSave()
+{
+    m_saveTask.cancel();
+    if (!m_draft || !m_isUnsaved)
+        return;
+    // A failed write leaves the draft unsaved, for the next occasion.
+    m_isUnsaved = !m_model.store().updateNote(m_draft->note());
+    m_list->model().replaceNote(m_draft->note(), now(), m_model.calendar());
+}
+
+void NotesView::searchChanged()
+{
+    if (m_searchTask.isPending())
+        return; // it will look for what the field holds then
+    if (m_pace.wait().count() == 0)
+        runSearch();
+    else
+        m_searchTask = m_model.clock().after(m_pace.wait(), [this] { runSearch(); });
+}
+
+void NotesView::runSearch()
+{
+    const Instant start = now();
+    load(OnReload::keepSelection);
+    m_pace.took(now() - start);
+}
+
+void NotesView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (event->spontaneous())
+        return;
+    if (!std::exchange(m_isLoaded, true)) {
+        load(OnReload::selectFirst);
+        return;
+    }
+    // The page comes up as it was left; what another copy of the program has saved follows.
+    m_reloadTask = m_model.clock().after(SearchPace::frame, [this] { load(OnReload::keepSelection); });
+}
+
+void NotesView::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    m_reloadTask.cancel();
+    handOn();
+}
+
+void NotesView::resizeEvent(QResizeEvent* event)
+{
+    constexpr int roomy = 700;
+    constexpr int wideList = 252;
+    constexpr int narrowList = 204;
+    QWidget::resizeEvent(event);
+    m_list->setFixedWidth(width() >= roomy ? wideList : narrowList);
+}
+
+} // namespace zelta

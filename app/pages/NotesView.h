@@ -1,0 +1,105 @@
+#pragma once
+
+#include "app/model/Clock.h"
+#include "app/pages/NoteDraft.h"
+#include "app/pages/NoteList.h"
+#include "app/pages/SearchPace.h"
+#include "core/Note.h"
+
+#include <QWidget>
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+class QHBoxLayout;
+
+namespace zelta {
+
+class AppModel;
+class NoteEditorPane;
+class NotesListView;
+class NotesToolbar;
+
+/// The notes page: the list of notes with its search, and the open note as a column of paragraphs.
+///
+/// What is typed goes from a paragraph's row to the draft, and from the draft to the database, each after a
+/// pause. Whatever looks at the draft or changes it asks the rows first to hand on what they still hold, so
+/// no order of clicks loses a keystroke.
+class NotesView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr std::chrono::milliseconds saveDelay {600};
+    static constexpr std::int64_t listLimit = 1000;
+
+    explicit NotesView(AppModel& model, QWidget* parent = nullptr);
+
+    const std::vector<Note>& notes() const;
+    std::optional<std::int64_t> selectedID() const;
+    const std::optional<NoteDraft>& draft() const { return m_draft; }
+
+    NotesToolbar* toolbar() const { return m_toolbar; }
+    NotesListView* list() const { return m_list; }
+    NoteEditorPane* pane() const { return m_pane; }
+
+    /// Reads the list anew for the present search, saving first.
+    void load(OnReload onReload);
+
+    /// Makes, stores and opens an empty note.
+    void newNote();
+
+    /// Opens a note of the list, saving first; its history of steps begins anew.
+    void open(std::int64_t noteId);
+
+    /// A paragraph's text as its editor hands it on, also one that comes late, for a note no longer open.
+    void updateBlock(const ParagraphKey& key, std::int64_t inNote, std::string_view text);
+
+    void appendBlock();
+    void removeBlock(std::size_t at);
+    void undo();
+    void redo();
+    void copyNote();
+
+    /// Asks before the open note is deleted for good.
+    void askToDelete();
+    void carryOutDelete(std::int64_t noteId);
+
+    /// Writes the draft now, if it has changed since it was written.
+    void flushSave();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void connectParts();
+    void setTabOrders();
+    void handOn();
+    void scheduleSave();
+    void searchChanged();
+    void runSearch();
+    void reload(OnReload onReload);
+    void openDraft(const Note* note);
+    void draftChanged();
+    void showDraft();
+    void step(bool (NoteDraft::*direction)(), const QString& message);
+    Instant now() const;
+
+    AppModel& m_model;
+    NotesToolbar* m_toolbar;
+    NotesListView* m_list;
+    NoteEditorPane* m_pane;
+    std::optional<NoteDraft> m_draft;
+    bool m_isUnsaved = false;
+    bool m_isLoaded = false;
+    SearchPace m_pace;
+    Clock::Task m_saveTask;
+    Clock::Task m_searchTask;
+    Clock::Task m_reloadTask;
+};
+
+} // namespace zelta

@@ -1,0 +1,293 @@
+#include "app/pages/ParagraphColumn.h"
+
+#include "app/components/IconButton.h"
+#include "app/look/Theme.h"
+#include "app/model/Text.h"
+#include "app/pages/ParagraphLayout.h"
+#include "app/pages/SelectableTextEditor.h"
+#include "app/pages/TextBlockEditor.h"
+
+#include <QFontMetricsF>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QtMath>
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+namespace zelta {
+
+namespace {
+
+constexpr int topPadding = 7;
+constexpr int bottomPadding = 10;
+constexpr int leftPadding = 10;
+constexpr int rightPadding = 12; // the scroll handle lies inside it
+constexpr int rowSpacing = 4;
+
+} // namespace
+
+ParagraphColumn::ParagraphColumn(Clock& clock, QWidget* parent)
+    : QScrollArea(parent)
+    , m_clock(clock)
+    , m_content(new QWidget)
+{
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(m_content);
+    viewport()->setAutoFillBackground(false);
+    m_content->setAutoFillBackground(false);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ParagraphColumn::placeRows);
+}
+
+void ParagraphColumn::show(const Note* note)
+{
+    std::vector<Row> rows;
+    if (note != nullptr) {
+        const std::vector<ParagraphKey> keys = paragraphKeys(*note);
+        rows.resize(keys.size());
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            rows[i].key = keys[i];
+            rows[i].text = note->blocks[i].text;
+        }
+    }
+    const auto noteId = note != nullptr ? std::optional(note->id) : std::nullopt;
+    const bool isSameNote = noteId == m_noteId;
+    if (isSameNote)
+        reuseRows(rows);
+    std::swap(m_rows, rows);
+    m_noteId = noteId;
+    dropRows(rows);
+    if (!isSameNote)
+        verticalScrollBar()->setValue(0);
+    for (Row& row : m_rows) {
+        if (row.editor != nullptr)
+            row.editor->setValue(std::exchange(row.text, {}));
+    }
+    placeRows();
+}
+
+/// Gives the new rows the editors that the old ones of the same key have.
+void ParagraphColumn::reuseRows(std::vector<Row>& rows)
+{
+    std::unordered_map<Uuid, std::vector<TextBlockEditor*>> made;
+    for (Row& row : m_rows) {
+        std::vector<TextBlockEditor*>& editors = made[row.key.id];
+        editors.resize(std::max(editors.size(), static_cast<std::size_t>(row.key.occurrence) + 1));
+        editors[static_cast<std::size_t>(row.key.occurrence)] = row.editor;
+    }
+    for (Row& row : rows) {
+        const auto found = made.find(row.key.id);
+        const auto occurrence = static_cast<std::size_t>(row.key.occurrence);
+        if (found == made.end() || occurrence >= found->second.size())
+            continue;
+        row.editor = std::exchange(found->second[occurrence], nullptr);
+        if (row.editor == nullptr)
+            continue;
+        const auto old = std::ranges::find(m_rows, row.editor, &Row::editor);
+        row.height = old->height;
+        old->editor = nullptr;
+    }
+}
+
+/// Rows that leave the screen hand on what was typed, and go.
+void ParagraphColumn::dropRows(std::vector<Row>& rows)
+{
+    for (const Row& row : rows) {
+        if (row.editor == nullptr)
+            continue;
+        row.editor->publishNow();
+        row.editor->disconnect(this);
+        row.editor->hide();
+        row.editor->deleteLater();
+    }
+    rows.clear();
+}
+
+void ParagraphColumn::publishNow()
+{
+    for (TextBlockEditor* editor : editors())
+        editor->publishNow();
+}
+
+void ParagraphColumn::focusParagraph(std::size_t at)
+{
+    if (at >= m_rows.size())
+        return;
+    if (m_rows[at].editor == nullptr) {
+        makeEditor(m_rows[at]);
+        placeRows();
+        chainTabs();
+    }
+    SelectableTextEditor* editor = m_rows[at].editor->editor();
+    editor->setFocus(Qt::OtherFocusReason);
+    const QRect caret = editor->cursorRect().translated(editor->mapTo(m_content, QPoint()));
+    ensureVisible(caret.center().x(), caret.center().y(), 0, caret.height());
+}
+
+std::optional<std::size_t> ParagraphColumn::focusedParagraph() const
+{
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        const TextBlockEditor* row = m_rows[i].editor;
+        if (row != nullptr && (row->editor()->hasFocus() || row->removeButton()->hasFocus()))
+            return i;
+    }
+    return std::nullopt;
+}
+
+std::vector<TextBlockEditor*> ParagraphColumn::editors() const
+{
+    std::vector<TextBlockEditor*> made;
+    for (const Row& row : m_rows) {
+        if (row.editor != nullptr)
+            made.push_back(row.editor);
+    }
+    return made;
+}
+
+void ParagraphColumn::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    placeRows();
+}
+
+void ParagraphColumn::makeEditor(Row& row)
+{
+    auto* made = new TextBlockEditor(m_clock, m_content);
+    row.editor = made;
+    made->setValue(std::exchange(row.text, {}));
+    made->resize(rowWidth(), minHeight);
+    made->setVisible(true);
+    connect(made, &TextBlockEditor::heightChanged, this, &ParagraphColumn::placeRows);
+    connect(made, &TextBlockEditor::published, this,
+            [this, noteId = *m_noteId, key = row.key](const std::string& text) {
+                Q_EMIT published(noteId, key, text);
+            });
+    connect(made, &TextBlockEditor::removeRequested, this, [this, made] {
+        if (const auto at = placeOf(made))
+            Q_EMIT removeRequested(*at);
+    });
+    connect(made->editor(), &SelectableTextEditor::caretMoved, this, [this, made](const QRect& caret) {
+        const QPoint origin = made->editor()->mapTo(m_content, QPoint());
+        const QPoint middle = origin + caret.center();
+        ensureVisible(0, middle.y(), 0, caret.height());
+    });
+    connect(made->editor(), &SelectableTextEditor::focusChanged, this, [this](bool focused) {
+        if (focused)
+            placeRows(); // Tab needs the neighbours
+    });
+}
+
+/// Measures, makes the editors that have come into sight, and keeps what is in sight where it is while rows
+/// above it get their exact heights.
+void ParagraphColumn::placeRows()
+{
+    if (m_isPlacing)
+        return;
+    const QScopedValueRollback<bool> placing(m_isPlacing, true);
+    const auto anchor = firstInSight();
+    const int anchorTop = anchor ? m_rows[*anchor].top : 0;
+
+    measureRows();
+    bool hasMade = false;
+    while (makeEditorsInSight()) {
+        hasMade = true;
+        measureRows();
+    }
+    if (anchor && verticalScrollBar()->value() > 0)
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + m_rows[*anchor].top - anchorTop);
+    if (hasMade)
+        chainTabs();
+}
+
+void ParagraphColumn::measureRows()
+{
+    const bool isNewWidth = std::exchange(m_estimatedWidth, rowWidth()) != rowWidth();
+    int y = topPadding;
+    for (Row& row : m_rows) {
+        const bool isLast = &row == &m_rows.back();
+        const int least = isLast ? lastMinHeight : minHeight;
+        row.top = y;
+        if (row.editor != nullptr) {
+            row.editor->setMinHeight(least);
+            row.editor->setPlace(&row - m_rows.data() + 1);
+            row.editor->removeButton()->setVisible(m_rows.size() > 1);
+            if (row.editor->width() != rowWidth())
+                row.editor->resize(rowWidth(), row.editor->height());
+            row.height = row.editor->preferredHeight();
+            row.editor->setGeometry(leftPadding, y, rowWidth(), row.height);
+        } else if (row.height == 0 || isNewWidth) {
+            row.height = std::max(least, estimatedHeight(row.text));
+        }
+        y += row.height + rowSpacing;
+    }
+    const int bottom = m_rows.empty() ? 0 : y - rowSpacing + bottomPadding;
+    m_content->resize(viewport()->width(), std::max(bottom, viewport()->height()));
+}
+
+/// True when an editor was made. One screen above and below is made ahead, and the neighbours of the row
+/// with the focus.
+bool ParagraphColumn::makeEditorsInSight()
+{
+    const int ahead = viewport()->height();
+    const int from = verticalScrollBar()->value() - ahead;
+    const int to = verticalScrollBar()->value() + 2 * ahead;
+    const auto focused = focusedParagraph();
+    bool hasMade = false;
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        Row& row = m_rows[i];
+        const bool isNeighbour = focused && i + 1 >= *focused && i <= *focused + 1;
+        const bool isNear = row.top + row.height > from && row.top < to;
+        if (row.editor != nullptr || !(isNeighbour || isNear))
+            continue;
+        makeEditor(row);
+        hasMade = true;
+    }
+    return hasMade;
+}
+
+void ParagraphColumn::chainTabs()
+{
+    QWidget* before = m_tabPredecessor;
+    for (const TextBlockEditor* row : editors()) {
+        if (before != nullptr)
+            setTabOrder(before, row->editor());
+        setTabOrder(row->editor(), row->removeButton());
+        before = row->removeButton();
+    }
+}
+
+int ParagraphColumn::rowWidth() const
+{
+    const int bar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
+    return viewport()->width() - leftPadding - std::max(0, rightPadding - bar);
+}
+
+int ParagraphColumn::estimatedHeight(const std::string& text) const
+{
+    const qreal character = QFontMetricsF(Theme::font(Theme::FontRole::body)).averageCharWidth();
+    const qreal lines = std::ceil(static_cast<qreal>(text.size()) * character / std::max(1, rowWidth()));
+    return qCeil(std::max(1.0, lines)) * ParagraphLayout::minimumLineHeight + ParagraphLayout::inset.top()
+        + ParagraphLayout::inset.bottom();
+}
+
+std::optional<std::size_t> ParagraphColumn::placeOf(const TextBlockEditor* editor) const
+{
+    const auto found = std::ranges::find(m_rows, editor, &Row::editor);
+    if (found == m_rows.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - m_rows.begin());
+}
+
+std::optional<std::size_t> ParagraphColumn::firstInSight() const
+{
+    const int top = verticalScrollBar()->value();
+    const auto found
+        = std::ranges::find_if(m_rows, [top](const Row& row) { return row.top + row.height > top; });
+    if (found == m_rows.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - m_rows.begin());
+}
+
+} // namespace zelta

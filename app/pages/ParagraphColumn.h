@@ -1,0 +1,87 @@
+#pragma once
+
+#include "app/model/Clock.h"
+#include "app/pages/NoteDraft.h"
+
+#include <QScrollArea>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zelta {
+
+class TextBlockEditor;
+
+/// A note's paragraphs one below the other. A row keeps its editor, with caret and typing history, while
+/// paragraphs come and go around it. Editors are made when their rows come near the visible part, so that a
+/// note of a thousand paragraphs opens like one of ten.
+class ParagraphColumn final : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    static constexpr int lastMinHeight
+        = 440; // the last one fills the page, so a click below the text lands in it
+    static constexpr int minHeight = 34;
+
+    explicit ParagraphColumn(Clock& clock, QWidget* parent = nullptr);
+
+    /// Shows the note's paragraphs as they are now; nothing for none.
+    void show(const Note* note);
+
+    /// Every row hands on what was typed.
+    void publishNow();
+
+    /// Puts the caret into the paragraph at this place and brings it into sight.
+    void focusParagraph(std::size_t at);
+
+    /// The place of the paragraph that has the focus, its remove control included.
+    std::optional<std::size_t> focusedParagraph() const;
+
+    /// The widget after which Tab goes to the first paragraph.
+    void setTabPredecessor(QWidget* widget) { m_tabPredecessor = widget; }
+
+    /// Editors in the order of their rows; those that have not been made yet are left out.
+    std::vector<TextBlockEditor*> editors() const;
+
+Q_SIGNALS:
+    void published(std::int64_t noteId, const zelta::ParagraphKey& key, const std::string& text);
+    void removeRequested(std::size_t at);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    struct Row
+    {
+        ParagraphKey key;
+        std::string text; // until there is an editor
+        TextBlockEditor* editor = nullptr;
+        int top = 0;
+        int height = 0;
+    };
+
+    void reuseRows(std::vector<Row>& rows);
+    void dropRows(std::vector<Row>& rows);
+    void makeEditor(Row& row);
+    void placeRows();
+    void measureRows();
+    bool makeEditorsInSight();
+    void chainTabs();
+    int rowWidth() const;
+    int estimatedHeight(const std::string& text) const;
+    std::optional<std::size_t> placeOf(const TextBlockEditor* editor) const;
+    std::optional<std::size_t> firstInSight() const;
+
+    Clock& m_clock;
+    QWidget* m_content;
+    QWidget* m_tabPredecessor = nullptr;
+    std::optional<std::int64_t> m_noteId;
+    std::vector<Row> m_rows;
+    int m_estimatedWidth = 0;
+    bool m_isPlacing = false;
+};
+
+} // namespace zelta

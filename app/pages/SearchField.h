@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace zelta {
+
+class IconButton;
+
+/// A text field with a magnifier, and a clear button while it holds text.
+class SearchField final : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit SearchField(const QString& placeholder, QWidget* parent = nullptr);
+
+    IconButton* clearButton() const { return m_clear; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    IconButton* m_clear;
+};
+
+} // namespace zelta

@@ -1,0 +1,228 @@
+#include "app/pages/SelectableTextEditor.h"
+
+#include "app/look/Theme.h"
+#include "app/pages/ParagraphLayout.h"
+
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
+#include <QTextLayout>
+#include <algorithm>
+
+namespace zelta {
+
+SelectableTextEditor::SelectableTextEditor(QWidget* parent)
+    : QTextEdit(parent)
+{
+    auto* document = new QTextDocument(this);
+    m_layout = new ParagraphLayout(document);
+    document->setDocumentLayout(m_layout);
+    document->setDocumentMargin(0);
+    document->setDefaultCursorMoveStyle(Qt::VisualMoveStyle);
+    setDocument(document);
+    setFont(Theme::font(Theme::FontRole::body));
+    document->setDefaultFont(font());
+    setAcceptRichText(false);
+    setTabChangesFocus(true);
+    setFrameShape(QFrame::NoFrame);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setAutoFillBackground(false);
+    applyOption();
+    m_text.set({});
+
+    connect(document, &QTextDocument::contentsChange, this, &SelectableTextEditor::followEdit);
+    connect(this, &QTextEdit::textChanged, this, [this] {
+        if (m_isSetting)
+            return;
+        applyDirection();
+        Q_EMIT edited();
+        Q_EMIT caretMoved(cursorRect());
+    });
+    connect(this, &QTextEdit::cursorPositionChanged, this, [this] {
+        if (!m_isSetting && hasFocus())
+            Q_EMIT caretMoved(cursorRect());
+    });
+    connect(m_layout, &QAbstractTextDocumentLayout::documentSizeChanged, this,
+            [this] { Q_EMIT textHeightChanged(); });
+}
+
+void SelectableTextEditor::setText(const QString& text)
+{
+    if (text == m_text.text())
+        return;
+    const QScopedValueRollback<bool> setting(m_isSetting, true);
+    const int caret = textCursor().position();
+    setPlainText(m_text.set(text));
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(std::min(caret, document()->characterCount() - 1));
+    setTextCursor(cursor);
+    applyDirection();
+}
+
+int SelectableTextEditor::textHeight() const
+{
+    return m_layout->height();
+}
+
+QRect SelectableTextEditor::linesRect() const
+{
+    return QRect(0, 0, width(), textHeight()).marginsRemoved(ParagraphLayout::inset);
+}
+
+bool SelectableTextEditor::canInsertFromMimeData(const QMimeData* source) const
+{
+    return source->hasText() || source->hasHtml();
+}
+
+QMimeData* SelectableTextEditor::createMimeDataFromSelection() const
+{
+    auto* plain = new QMimeData;
+    const QTextCursor cursor = textCursor();
+    plain->setText(m_text.text(cursor.selectionStart(), cursor.selectionEnd()));
+    return plain;
+}
+
+/// Whatever is pasted or dropped arrives as plain text, in one undo step.
+void SelectableTextEditor::insertFromMimeData(const QMimeData* source)
+{
+    const QString text
+        = source->hasText() ? source->text() : QTextDocumentFragment::fromHtml(source->html()).toPlainText();
+    QTextCursor cursor = textCursor();
+    cursor.insertText(m_text.prepare(text, cursor.block().length()));
+    setTextCursor(cursor);
+}
+
+void SelectableTextEditor::changeEvent(QEvent* event)
+{
+    QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        viewport()->update();
+}
+
+void SelectableTextEditor::focusInEvent(QFocusEvent* event)
+{
+    QTextEdit::focusInEvent(event);
+    Q_EMIT focusChanged(true);
+    Q_EMIT caretMoved(cursorRect());
+}
+
+void SelectableTextEditor::focusOutEvent(QFocusEvent* event)
+{
+    QTextEdit::focusOutEvent(event);
+    Q_EMIT focusChanged(false);
+}
+
+void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
+{
+    if (movePage(*event))
+        return;
+    stepOverPieceBreak(*event);
+    const int before = textCursor().position();
+    const int length = document()->characterCount();
+    QTextEdit::keyPressEvent(event);
+
+    // An arrow that has only crossed the break between two pieces of a line has not moved at all.
+    const int after = textCursor().position();
+    const bool isStep = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    if (isStep && std::abs(after - before) == 1 && document()->characterCount() == length
+        && m_text.isBetweenPieces(std::min(before, after)))
+        QTextEdit::keyPressEvent(event);
+}
+
+/// A long text is laid out where it is looked at. What that moves is announced after painting.
+void SelectableTextEditor::paintEvent(QPaintEvent* event)
+{
+    const int before = textHeight();
+    m_layout->blockSignals(true);
+    m_layout->layOut(event->rect().top(), event->rect().bottom());
+    m_layout->blockSignals(false);
+    if (textHeight() != before) {
+        QMetaObject::invokeMethod(this, &SelectableTextEditor::textHeightChanged, Qt::QueuedConnection);
+        viewport()->update();
+    }
+    QTextEdit::paintEvent(event);
+}
+
+/// The page scrolls, never the paragraph.
+void SelectableTextEditor::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
+void SelectableTextEditor::followEdit(int from, int removed, int added)
+{
+    if (m_isSetting)
+        return;
+    QTextCursor changed(document());
+    const int last = document()->characterCount() - 1;
+    changed.setPosition(std::min(from, last));
+    changed.setPosition(std::min(from + added, last), QTextCursor::KeepAnchor);
+    QString inserted = changed.selectedText();
+    // An edit that touches the end may be told with the document's own last break.
+    if (from + added > last)
+        inserted += QChar(QChar::ParagraphSeparator);
+    if (from + removed <= m_text.size() && m_text.size() - removed + inserted.size() == last + 1) {
+        m_text.replace(from, removed, inserted);
+        return;
+    }
+    const QString all = document()->toRawText();
+    m_text.replaceAll(all);
+}
+
+void SelectableTextEditor::applyDirection()
+{
+    const TextDirection direction = directionOfVotes(m_text.directionVotes());
+    if (direction == m_direction)
+        return;
+    m_direction = direction;
+    applyOption();
+}
+
+/// The direction is an option of the document: a block's format would be a step of the undo history.
+void SelectableTextEditor::applyOption()
+{
+    QTextOption option(Qt::AlignLeading);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setTextDirection(m_direction == TextDirection::rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    document()->setDefaultTextOption(option);
+}
+
+/// Backspace at the start of a piece, or Delete at its end, means the character beyond the break.
+void SelectableTextEditor::stepOverPieceBreak(const QKeyEvent& event)
+{
+    QTextCursor cursor = textCursor();
+    if (cursor.hasSelection())
+        return;
+    if (event.key() == Qt::Key_Backspace && cursor.position() > 0
+        && m_text.isBetweenPieces(cursor.position() - 1))
+        cursor.movePosition(QTextCursor::PreviousCharacter);
+    else if (event.key() == Qt::Key_Delete && m_text.isBetweenPieces(cursor.position()))
+        cursor.movePosition(QTextCursor::NextCharacter);
+    else
+        return;
+    setTextCursor(cursor);
+}
+
+/// The view is as high as its text, so a page is what the surroundings show of it.
+bool SelectableTextEditor::movePage(const QKeyEvent& event)
+{
+    const bool isPage = event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown;
+    if (!isPage || (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != 0)
+        return false;
+    const int page = viewport()->visibleRegion().boundingRect().height() - cursorRect().height();
+    QPoint target = cursorRect().center();
+    target.ry() += event.key() == Qt::Key_PageDown ? page : -page;
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(cursorForPosition(target).position(),
+                       (event.modifiers() & Qt::ShiftModifier) != 0 ? QTextCursor::KeepAnchor
+                                                                    : QTextCursor::MoveAnchor);
+    setTextCursor(cursor);
+    return true;
+}
+
+} // namespace zelta
