@@ -55,7 +55,10 @@ QWidget* SettingsView::makeWorkingWeekCard()
             [this] { m_model.setWeekendPresetID(toUtf8(m_picker->currentData().toString())); });
     auto* row = new QHBoxLayout;
     row->setSpacing(labelGap);
-    row->addWidget(new Label(QStringLiteral("Weekend"), card));
+    auto* label = new Label(QStringLiteral("Weekend"), card);
+    // A screen reader takes a picker's choice for its name, and the label from here.
+    label->setBuddy(m_picker);
+    row->addWidget(label);
     row->addWidget(m_picker);
     row->addStretch(1);
     card->content()->addLayout(row);
