@@ -46,6 +46,7 @@ void open(benchmark::State& state)
         benchmark::DoNotOptimize(view.grab(QRect(0, 0, 800, 700)));
         state.PauseTiming();
         view.hide();
+        QApplication::processEvents();
         state.ResumeTiming();
     }
 }
@@ -58,8 +59,11 @@ void nextCards(benchmark::State& state)
     HistoryView view(model().model);
     view.resize(800, 700);
     view.show();
-    for (auto _ : state)
+    QApplication::processEvents();
+    for (auto _ : state) {
         model().clock.advance(1ms);
+        QApplication::processEvents();
+    }
 }
 
 /// A page that was seen before and has all its cards.
@@ -71,9 +75,11 @@ void openAgain(benchmark::State& state)
     view.resize(800, 700);
     view.show();
     model().clock.advance(10s);
+    QApplication::processEvents();
     for (auto _ : state) {
         state.PauseTiming();
         view.hide();
+        QApplication::processEvents(); // as the running program does; else the events of all rounds pile up
         state.ResumeTiming();
         view.show();
         benchmark::DoNotOptimize(view.grab(QRect(0, 0, 800, 700)));

@@ -141,6 +141,18 @@ TEST_F(HistoryViewTest, FollowsTheClockFormatWhenShownAgain)
     EXPECT_TRUE(texts(*cards()[0]).contains(QStringLiteral("Sun, 08 Mar 2026 · 01:00")));
 }
 
+TEST_F(HistoryViewTest, FollowsTheZoneWhenShownAgain)
+{
+    save("a");
+    show();
+    view.hide();
+    const QByteArray before = qgetenv("TZ");
+    qputenv("TZ", "America/New_York");
+    show();
+    EXPECT_TRUE(texts(*cards()[0]).contains(QStringLiteral("Sat, 07 Mar 2026 · 7:00 AM")));
+    qputenv("TZ", before);
+}
+
 TEST_F(HistoryViewTest, ShowsAnEntryOfAnUnknownPage)
 {
     save("beads", "abacus");
