@@ -34,6 +34,7 @@ SelectableTextEditor::SelectableTextEditor(QWidget* parent)
     viewport()->setAutoFillBackground(false);
     applyOption();
     m_text.set({});
+    document->clearUndoRedoStacks(); // the margin has been a step
 
     connect(document, &QTextDocument::contentsChange, this, &SelectableTextEditor::followEdit);
     connect(this, &QTextEdit::textChanged, this, [this] {
@@ -122,16 +123,40 @@ void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
     if (movePage(*event))
         return;
     stepOverPieceBreak(*event);
+    if (event->matches(QKeySequence::InsertParagraphSeparator)
+        || event->matches(QKeySequence::InsertLineSeparator)) {
+        // Qt's own line break is two undo steps on an empty line, and a line separator with Shift.
+        QTextCursor cursor = textCursor();
+        cursor.insertBlock();
+        setTextCursor(cursor);
+        return;
+    }
     const int before = textCursor().position();
-    const int length = document()->characterCount();
+    const int anchor = textCursor().anchor();
     QTextEdit::keyPressEvent(event);
-
-    // An arrow that has only crossed the break between two pieces of a line has not moved at all.
-    const int after = textCursor().position();
+    const bool hasStayed = textCursor().position() == before && textCursor().anchor() == anchor;
     const bool isStep = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
-    if (isStep && std::abs(after - before) == 1 && document()->characterCount() == length
-        && m_text.isBetweenPieces(std::min(before, after)))
-        QTextEdit::keyPressEvent(event);
+    if (isStep && hasStayed)
+        stepToOtherLine(*event);
+}
+
+/// An arrow at the end of a line goes on in the next one; Qt's visual movement would stop there. Where the
+/// two are pieces of one line, it has not moved yet.
+void SelectableTextEditor::stepToOtherLine(QKeyEvent& event)
+{
+    QTextCursor cursor = textCursor();
+    const QTextBlock here = cursor.block();
+    const bool isForward = (event.key() == Qt::Key_Right) == (m_direction == TextDirection::leftToRight);
+    const QTextBlock there = isForward ? here.next() : here.previous();
+    if (!there.isValid())
+        return;
+    const int crossed = (isForward ? there : here).position() - 1;
+    cursor.setPosition(isForward ? crossed + 1 : crossed,
+                       (event.modifiers() & Qt::ShiftModifier) != 0 ? QTextCursor::KeepAnchor
+                                                                    : QTextCursor::MoveAnchor);
+    setTextCursor(cursor);
+    if (m_text.isBetweenPieces(crossed))
+        QTextEdit::keyPressEvent(&event);
 }
 
 /// A long text is laid out where it is looked at. What that moves is announced after painting.

@@ -57,6 +57,7 @@ private:
     void applyDirection();
     void applyOption();
     void stepOverPieceBreak(const QKeyEvent& event);
+    void stepToOtherLine(QKeyEvent& event);
     bool movePage(const QKeyEvent& event);
 
     ExactText m_text;

@@ -1,0 +1,368 @@
+#include "app/components/IconButton.h"
+#include "app/pages/SelectableTextEditor.h"
+#include "app/pages/TextBlockEditor.h"
+#include "tests/app/support/HandClock.h"
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTest>
+#include <QTextBlock>
+#include <string>
+#include <vector>
+
+namespace zelta {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// One paragraph's row in a window of its own.
+struct Stage
+{
+    test::HandClock clock;
+    TextBlockEditor row {clock};
+    SelectableTextEditor& editor = *row.editor();
+    std::vector<std::string> published;
+
+    explicit Stage(std::string_view text = {})
+    {
+        QObject::connect(&row, &TextBlockEditor::published, &row,
+                         [this](const std::string& value) { published.push_back(value); });
+        row.setValue(text);
+        row.resize(500, 400);
+        row.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&row));
+        row.activateWindow();
+        editor.setFocus();
+    }
+
+    void type(const QString& text)
+    {
+        for (const QChar c : text) {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+            QCoreApplication::sendEvent(&editor, &press);
+        }
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&editor, key, modifiers);
+    }
+    void undo() { key(Qt::Key_Z, Qt::ControlModifier); }
+    int caret() const { return editor.textCursor().position(); }
+    void setCaret(int position)
+    {
+        QTextCursor cursor = editor.textCursor();
+        cursor.setPosition(position);
+        editor.setTextCursor(cursor);
+    }
+};
+
+QString longLine(qsizetype length)
+{
+    QString text;
+    while (text.size() < length)
+        text += QStringLiteral("words of a long line ");
+    return text;
+}
+
+TEST(ParagraphEditor, TurnsWithTheMajorityOfItsLetters)
+{
+    Stage stage;
+    stage.type(QStringLiteral("م"));
+    EXPECT_EQ(stage.editor.direction(), TextDirection::rightToLeft);
+    stage.type(QStringLiteral("a"));
+    EXPECT_EQ(stage.editor.direction(), TextDirection::leftToRight) << "a tie";
+    stage.type(QStringLiteral("רב"));
+    EXPECT_EQ(stage.editor.direction(), TextDirection::rightToLeft);
+    EXPECT_EQ(stage.editor.document()->defaultTextOption().textDirection(), Qt::RightToLeft);
+}
+
+TEST(ParagraphEditor, ATurnIsNoUndoStep)
+{
+    Stage stage;
+    stage.type(QStringLiteral("مab"));
+    stage.undo();
+    EXPECT_EQ(stage.editor.text(), QString()) << "one run of typing, whatever turned on the way";
+    EXPECT_EQ(stage.editor.direction(), TextDirection::leftToRight);
+    EXPECT_FALSE(stage.editor.document()->isUndoAvailable());
+    stage.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(stage.editor.text(), QStringLiteral("مab"));
+}
+
+TEST(ParagraphEditor, UndoRightAfterOpeningChangesNothing)
+{
+    for (const char* text : {"plain", "مرحبا بالعالم", "two\nlines"}) {
+        Stage stage(text);
+        stage.undo();
+        EXPECT_EQ(stage.editor.text().toStdString(), text);
+        EXPECT_FALSE(stage.editor.document()->isUndoAvailable());
+        stage.clock.advance(1s);
+        EXPECT_TRUE(stage.published.empty());
+    }
+}
+
+TEST(ParagraphEditor, ATextSetFromOutsideCannotBeUndone)
+{
+    Stage stage("first");
+    stage.type(QStringLiteral("x"));
+    stage.row.publishNow();
+    stage.row.setValue("second");
+    stage.undo();
+    EXPECT_EQ(stage.editor.text(), QStringLiteral("second"));
+}
+
+TEST(ParagraphEditor, UndoesOnlyItsOwnTyping)
+{
+    Stage one("one");
+    Stage two("two");
+    one.type(QStringLiteral("1"));
+    two.type(QStringLiteral("2"));
+    one.undo();
+    EXPECT_EQ(one.editor.text(), QStringLiteral("one"));
+    EXPECT_EQ(two.editor.text(), QStringLiteral("2two"));
+}
+
+TEST(ParagraphEditor, TheCaretMovesAsItIsSeen)
+{
+    Stage hebrew("שלום");
+    hebrew.setCaret(2);
+    hebrew.key(Qt::Key_Right);
+    EXPECT_EQ(hebrew.caret(), 1) << "to the right is towards the beginning";
+    hebrew.key(Qt::Key_Left);
+    hebrew.key(Qt::Key_Left);
+    EXPECT_EQ(hebrew.caret(), 3);
+    hebrew.key(Qt::Key_Home);
+    EXPECT_EQ(hebrew.caret(), 0);
+    const QRect start = hebrew.editor.cursorRect();
+    hebrew.key(Qt::Key_End);
+    EXPECT_LT(hebrew.editor.cursorRect().x(), start.x());
+
+    Stage english("word");
+    english.setCaret(2);
+    english.key(Qt::Key_Right);
+    EXPECT_EQ(english.caret(), 3);
+}
+
+TEST(ParagraphEditor, TheCaretMovesRightThroughMixedText)
+{
+    Stage stage("שלום abc עולם ודי");
+    ASSERT_EQ(stage.editor.direction(), TextDirection::rightToLeft);
+    stage.key(Qt::Key_End);
+    int x = stage.editor.cursorRect().x();
+    const int text = int(stage.editor.text().size());
+    for (int i = 0; i < text; ++i) {
+        stage.key(Qt::Key_Right);
+        EXPECT_GE(stage.editor.cursorRect().x(), x) << "step " << i;
+        x = stage.editor.cursorRect().x();
+    }
+    EXPECT_EQ(stage.caret(), 0);
+}
+
+TEST(ParagraphEditor, TheCaretGoesOnInTheNextLine)
+{
+    Stage english("ab\ncd");
+    english.setCaret(2);
+    english.key(Qt::Key_Right);
+    EXPECT_EQ(english.caret(), 3);
+    english.key(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(english.editor.textCursor().selectedText(), QStringLiteral("\u2029"));
+
+    Stage hebrew("שלום\nעולם");
+    hebrew.setCaret(4);
+    hebrew.key(Qt::Key_Left);
+    EXPECT_EQ(hebrew.caret(), 5);
+    hebrew.key(Qt::Key_Right);
+    EXPECT_EQ(hebrew.caret(), 4);
+}
+
+TEST(ParagraphEditor, RightToLeftLinesStandAtTheRight)
+{
+    Stage stage("שלום");
+    stage.key(Qt::Key_Home);
+    EXPECT_GT(stage.editor.cursorRect().x(), stage.editor.width() - 30);
+    stage.editor.setText(QStringLiteral("left"));
+    stage.key(Qt::Key_Home);
+    EXPECT_LT(stage.editor.cursorRect().x(), 30);
+}
+
+TEST(ParagraphEditor, RareCharactersSurviveTyping)
+{
+    const std::string text = "a\u00A0b\u2028c\r\nd\re\u2029f \u200Fg";
+    Stage stage(text);
+    stage.key(Qt::Key_End, Qt::ControlModifier);
+    stage.type(QStringLiteral("!"));
+    stage.row.publishNow();
+    ASSERT_EQ(stage.published.size(), 1U);
+    EXPECT_EQ(stage.published[0], text + "!");
+}
+
+TEST(ParagraphEditor, KeepsTheCaretInsideAShorterText)
+{
+    Stage stage("a longer text");
+    stage.setCaret(10);
+    stage.row.setValue("a longer one");
+    EXPECT_EQ(stage.caret(), 10);
+    stage.row.setValue("short");
+    EXPECT_EQ(stage.caret(), 5);
+    stage.row.setValue("");
+    EXPECT_EQ(stage.caret(), 0);
+}
+
+TEST(ParagraphEditor, StyledTextArrivesPlain)
+{
+    const auto paste = [](Stage& stage, bool withText) {
+        auto* styled = new QMimeData;
+        styled->setHtml(QStringLiteral("<h1 style='color:red'>Big</h1>"));
+        if (withText)
+            styled->setText(QStringLiteral("Big"));
+        QGuiApplication::clipboard()->setMimeData(styled);
+        stage.editor.paste();
+    };
+    for (const bool withText : {true, false}) {
+        Stage stage;
+        paste(stage, withText);
+        EXPECT_EQ(stage.editor.text(), QStringLiteral("Big"));
+        const QTextCharFormat format = stage.editor.document()->begin().begin().fragment().charFormat();
+        EXPECT_EQ(format.properties().size(), 0);
+        EXPECT_EQ(stage.editor.document()->defaultFont().pixelSize(), 15);
+        stage.undo();
+        EXPECT_EQ(stage.editor.text(), QString());
+    }
+}
+
+TEST(ParagraphEditor, TabLeavesIt)
+{
+    Stage stage("text");
+    stage.key(Qt::Key_Tab);
+    EXPECT_TRUE(stage.row.removeButton()->hasFocus());
+    EXPECT_EQ(stage.editor.text(), QStringLiteral("text"));
+    EXPECT_EQ(stage.row.removeButton()->accessibleName(), QStringLiteral("Remove this paragraph"));
+}
+
+TEST(ParagraphEditor, IsAsHighAsItsText)
+{
+    Stage stage("one");
+    EXPECT_EQ(stage.editor.textHeight(), 8 + 21 + 8);
+    stage.key(Qt::Key_End);
+    stage.key(Qt::Key_Return);
+    stage.key(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(stage.editor.text(), QStringLiteral("one\n\n"));
+    EXPECT_EQ(stage.editor.textHeight(), 8 + 3 * 21 + 8);
+    stage.undo();
+    stage.undo();
+    EXPECT_EQ(stage.editor.textHeight(), 8 + 21 + 8);
+    stage.row.setMinHeight(440);
+    EXPECT_EQ(stage.row.preferredHeight(), 440);
+    stage.row.setMinHeight(34);
+    EXPECT_EQ(stage.row.preferredHeight(), 37);
+}
+
+TEST(ParagraphEditor, GrowsWhenItGetsNarrower)
+{
+    Stage stage(longLine(300).toStdString());
+    const int wide = stage.editor.textHeight();
+    stage.row.resize(250, 400);
+    EXPECT_GT(stage.editor.textHeight(), wide);
+}
+
+TEST(ParagraphRow, HandsOnAfterAPause)
+{
+    Stage stage("a");
+    stage.type(QStringLiteral("b"));
+    stage.clock.advance(349ms);
+    EXPECT_TRUE(stage.published.empty());
+    EXPECT_TRUE(stage.clock.hasPendingSaves());
+    stage.clock.advance(1ms);
+    EXPECT_EQ(stage.published, std::vector<std::string> {"ba"});
+    stage.clock.advance(10s);
+    EXPECT_EQ(stage.published.size(), 1U);
+}
+
+TEST(ParagraphRow, FastTypingIsHandedOnOnce)
+{
+    Stage stage;
+    for (int i = 0; i < 20; ++i) {
+        stage.type(QStringLiteral("x"));
+        stage.clock.advance(100ms);
+    }
+    EXPECT_TRUE(stage.published.empty());
+    stage.clock.advance(249ms);
+    EXPECT_TRUE(stage.published.empty());
+    stage.clock.advance(1ms);
+    EXPECT_EQ(stage.published, std::vector<std::string> {std::string(20, 'x')});
+}
+
+TEST(ParagraphRow, HandsOnAtOnceWhenItLeavesTheScreen)
+{
+    Stage stage;
+    stage.type(QStringLiteral("typed"));
+    stage.row.hide();
+    EXPECT_EQ(stage.published, std::vector<std::string> {"typed"});
+    EXPECT_FALSE(stage.clock.hasPendingSaves());
+}
+
+TEST(ParagraphRow, HandsOnNothingThatWasNotTyped)
+{
+    Stage stage("as\u00A0it\r\nwas");
+    stage.row.hide();
+    stage.row.publishNow();
+    EXPECT_TRUE(stage.published.empty());
+    stage.row.show();
+    stage.type(QStringLiteral("x"));
+    stage.key(Qt::Key_Backspace);
+    stage.clock.advance(1s);
+    EXPECT_TRUE(stage.published.empty()) << "the same text again";
+}
+
+TEST(LongLine, IsEditedAsOneLine)
+{
+    const QString text = longLine(100'000);
+    Stage stage(text.toStdString());
+    const int piece = stage.editor.document()->begin().length() - 1;
+    ASSERT_GT(stage.editor.document()->blockCount(), 1);
+
+    stage.setCaret(piece);
+    stage.key(Qt::Key_Right);
+    EXPECT_EQ(stage.caret(), piece + 2) << "over the break and one character";
+    stage.key(Qt::Key_Left);
+    stage.key(Qt::Key_Left);
+    EXPECT_EQ(stage.caret(), piece - 1);
+
+    stage.setCaret(piece + 1);
+    stage.key(Qt::Key_Backspace);
+    EXPECT_EQ(stage.editor.text(), QString(text).remove(piece - 1, 1));
+    stage.undo();
+    EXPECT_EQ(stage.editor.text(), text);
+    stage.setCaret(piece);
+    stage.key(Qt::Key_Delete);
+    EXPECT_EQ(stage.editor.text(), QString(text).remove(piece, 1));
+    stage.undo();
+    stage.setCaret(piece + 1);
+    stage.key(Qt::Key_Return);
+    EXPECT_EQ(stage.editor.text(), QString(text).insert(piece, u'\n'));
+    stage.undo();
+    EXPECT_EQ(stage.editor.text(), text);
+}
+
+TEST(LongLine, IsCopiedAndPastedAsOneLine)
+{
+    const QString text = longLine(100'000);
+    Stage stage(text.toStdString());
+    stage.editor.selectAll();
+    stage.editor.copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
+    stage.editor.cut();
+    EXPECT_EQ(stage.editor.text(), QString());
+    stage.editor.paste();
+    EXPECT_EQ(stage.editor.text(), text);
+    EXPECT_GT(stage.editor.document()->blockCount(), 1);
+    stage.undo();
+    stage.undo();
+    EXPECT_EQ(stage.editor.text(), text);
+}
+
+} // namespace
+} // namespace zelta

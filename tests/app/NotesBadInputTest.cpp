@@ -1,0 +1,147 @@
+#include "app/pages/SearchPace.h"
+#include "core/Sqlite.h"
+#include "tests/app/support/NotesStage.h"
+
+#include <gtest/gtest.h>
+
+namespace zelta {
+namespace {
+
+using namespace std::chrono_literals;
+using Texts = test::NotesStage::Texts;
+
+struct NotesBadInput : testing::Test, test::NotesStage
+{
+    /// Writes a blocks column as another program might.
+    void setColumn(std::int64_t id, std::string_view blocks)
+    {
+        auto file = sqlite::Connection::open(store().url().string());
+        auto statement = file.prepare("UPDATE notes SET blocks = ? WHERE id = ?");
+        statement.bind(1, blocks);
+        statement.bind(2, id);
+        EXPECT_EQ(statement.step(), sqlite::Step::done);
+    }
+};
+
+TEST_F(NotesBadInput, AColumnThatIsNoJsonIsOneParagraph)
+{
+    const std::int64_t id = add({"x"});
+    for (const char* column : {"hello", "[]", R"([{"id":"bad","text":"x"}])", R"([{"text":"\ud800"}])", ""}) {
+        setColumn(id, column);
+        open();
+        EXPECT_EQ(shown(), Texts {column});
+        page->hide();
+        EXPECT_FALSE(test.clock.hasPendingSaves()) << "looking at it changes nothing";
+    }
+}
+
+TEST_F(NotesBadInput, TwoParagraphsOfOneIdAreBothKept)
+{
+    const std::int64_t id = add({"x"});
+    const std::string uuid = Uuid::random().text();
+    setColumn(id, R"([{"id":")" + uuid + R"(","text":"first"},{"id":")" + uuid + R"(","text":"second"}])");
+    open();
+    EXPECT_EQ(shown(), (Texts {"first", "second"}));
+    type(1, QStringLiteral("!"));
+    page->appendBlock();
+    type(0, QStringLiteral("?"));
+    page->undo();
+    EXPECT_EQ(shown(), (Texts {"first", "second!"})) << "the step back takes the later typing along";
+    test.clock.advance(1s);
+    EXPECT_EQ(stored(id), (Texts {"first", "second!"}));
+}
+
+TEST_F(NotesBadInput, ANulAndRareCharactersStay)
+{
+    const std::string text = std::string("nul\0here", 8) + "\u00A0\u2028\r\n\uFDD0\uFFFE🙂";
+    const std::int64_t id = add({text});
+    open();
+    type(0, QStringLiteral("!"));
+    test.clock.advance(950ms);
+    EXPECT_EQ(stored(id), Texts {text + "!"});
+}
+
+TEST_F(NotesBadInput, ANoteDeletedElsewhereWhileItIsOpen)
+{
+    const std::int64_t other = add({"other"}, 1h);
+    const std::int64_t id = add({"open"});
+    open();
+    store().deleteNote(id);
+    type(0, QStringLiteral("!"));
+    test.clock.advance(950ms);
+    EXPECT_FALSE(store().note(id).has_value()) << "a note that is gone stays gone";
+    EXPECT_EQ(shown(), Texts {"open!"});
+    page->appendBlock();
+    page->undo();
+    page->copyNote();
+    page->open(other);
+    EXPECT_EQ(shown(), Texts {"other"});
+    page->load(OnReload::keepSelection);
+    EXPECT_EQ(listed(), (Texts {"Today", "other"}));
+    EXPECT_EQ(stored(other), Texts {"other"});
+}
+
+TEST_F(NotesBadInput, SearchesForPatternsAndForAVeryLongText)
+{
+    add({"100 percent"}, 2h);
+    add({"a_b"}, 1h);
+    add({"plain"});
+    open();
+    search(QStringLiteral("%"));
+    EXPECT_EQ(page->notes().size(), 3U);
+    search(QStringLiteral("100%"));
+    EXPECT_EQ(page->notes().size(), 1U);
+    search(QStringLiteral("_"));
+    EXPECT_EQ(page->notes().size(), 3U);
+    search(QString(10'000, u'x'));
+    EXPECT_TRUE(shows(QStringLiteral("No matches")));
+    search(QString(10'000, u'%'));
+    search(QStringLiteral(" \n "));
+    EXPECT_EQ(page->notes().size(), 3U);
+}
+
+TEST_F(NotesBadInput, TenMegabytesInOneParagraph)
+{
+    std::string text;
+    while (text.size() < 10'000'000)
+        text += "ten million characters without a line break ";
+    const std::int64_t id = add({text});
+    open();
+    ASSERT_EQ(rows().size(), 1U);
+    EXPECT_EQ(toUtf8(rows()[0]->editor()->text()), text);
+    type(0, QStringLiteral("!"));
+    test.clock.advance(950ms);
+    EXPECT_EQ(stored(id), Texts {text + "!"});
+    page->askToDelete();
+    page->copyNote();
+}
+
+TEST_F(NotesBadInput, AThousandParagraphsMakeOnlyTheirVisibleRows)
+{
+    const std::int64_t id = add(Texts(1000, "one of a thousand paragraphs"));
+    open();
+    EXPECT_LT(rows().size(), 100U);
+    page->pane()->paragraphs()->focusParagraph(999);
+    rows().back()->editor()->insertPlainText(QStringLiteral("last: "));
+    test.clock.advance(950ms);
+    EXPECT_EQ(stored(id).back(), "last: one of a thousand paragraphs");
+    EXPECT_EQ(stored(id).size(), 1000U);
+    EXPECT_TRUE(rows().back()->visibleRegion().boundingRect().height() > 30) << "scrolled into sight";
+}
+
+TEST(SearchPace, WaitsAsLongAsASlowSearchTook)
+{
+    SearchPace pace;
+    EXPECT_EQ(pace.wait(), 0ms) << "the first search runs at once";
+    pace.took(16ms);
+    EXPECT_EQ(pace.wait(), 0ms);
+    pace.took(16'001us);
+    EXPECT_EQ(pace.wait(), 17ms);
+    pace.took(10min);
+    EXPECT_EQ(pace.wait(), 500ms) << "the wall clock was set meanwhile";
+    pace.took(-1s);
+    EXPECT_EQ(pace.wait(), 0ms);
+}
+
+} // namespace
+} // namespace zelta
