@@ -40,7 +40,7 @@ CalculatorDisplay::CalculatorDisplay(QWidget* parent)
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
-void CalculatorDisplay::show(const QString& expression, const QString& number)
+void CalculatorDisplay::setTexts(const QString& expression, const QString& number)
 {
     m_expression = expression;
     m_number = number;

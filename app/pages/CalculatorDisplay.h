@@ -16,7 +16,7 @@ class CalculatorDisplay final : public QLabel
 public:
     explicit CalculatorDisplay(QWidget* parent = nullptr);
 
-    void show(const QString& expression, const QString& number);
+    void setTexts(const QString& expression, const QString& number);
     const QString& number() const { return m_number; }
 
     QSize sizeHint() const override;

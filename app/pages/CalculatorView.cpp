@@ -160,7 +160,7 @@ void CalculatorView::change(const std::function<void(Calculator&)>& action)
 
 void CalculatorView::refresh()
 {
-    m_display->show(toQt(m_calculator.expression()), toQt(m_calculator.display()));
+    m_display->setTexts(toQt(m_calculator.expression()), toQt(m_calculator.display()));
     const auto& tape = m_calculator.tape();
     const int newest = tape.empty() ? 0 : tape.front().id;
     if (newest == m_shownTapeId)

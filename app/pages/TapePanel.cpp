@@ -40,7 +40,7 @@ TapeLine::TapeLine(QWidget* parent)
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::PointingHandCursor);
     setContextMenuPolicy(Qt::ActionsContextMenu);
-    setFixedHeight(height);
+    setFixedHeight(lineHeight);
 }
 
 void TapeLine::setEntry(const Calculator::TapeEntry& entry)
@@ -61,7 +61,7 @@ void TapeLine::setTextWidth(int pixels)
 
 QSize TapeLine::sizeHint() const
 {
-    return {0, height};
+    return {0, lineHeight};
 }
 
 QSize TapeLine::minimumSizeHint() const
@@ -77,19 +77,23 @@ void TapeLine::paintEvent(QPaintEvent* /*event*/)
     else if (underMouse())
         Surface::drawPress(painter, rect(), Metric::controlRadius, Surface::Press::hovered);
 
-    const QRect texts(bleed, 0, m_textWidth, QWidget::height());
+    const QRect texts(bleed, 0, m_textWidth, height());
+    const QFont font = Theme::font(Theme::FontRole::body);
     const QFont resultFont = Theme::font(Theme::FontRole::bodyBold);
-    const QString result = QFontMetrics(resultFont).elidedText(text(), Qt::ElideMiddle, texts.width());
+    const QString expression = toQt(m_entry.expression);
+    const int expressionWidth = QFontMetrics(font).horizontalAdvance(expression);
+    // Where both are too long, the result gets the larger share.
+    const int resultRoom = std::max(texts.width() - textGap - expressionWidth, texts.width() * 3 / 5);
+    const QString result = QFontMetrics(resultFont).elidedText(text(), Qt::ElideMiddle, resultRoom);
     painter.setFont(resultFont);
     painter.setPen(Theme::ink(Module::calculator));
     painter.drawText(texts, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, result);
 
-    const QFont font = Theme::font(Theme::FontRole::body);
     const int room = texts.width() - QFontMetrics(resultFont).horizontalAdvance(result) - textGap;
     painter.setFont(font);
     painter.setPen(Theme::color(Theme::Token::textSecondary));
     painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     QFontMetrics(font).elidedText(toQt(m_entry.expression), Qt::ElideRight, room));
+                     QFontMetrics(font).elidedText(expression, Qt::ElideRight, room));
     if (Surface::showsFocus(*this))
         Surface::drawFocusRing(painter, rect(), Metric::controlRadius);
 }
@@ -118,7 +122,7 @@ QScrollArea* TapePanel::makeArea()
     area->setFocusPolicy(Qt::NoFocus);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    area->setMinimumHeight(2 * TapeLine::height);
+    area->setMinimumHeight(2 * TapeLine::lineHeight);
     auto* column = new QWidget;
     auto* layout = new QVBoxLayout(column);
     layout->setSpacing(0);

@@ -22,7 +22,7 @@ class TapeLine final : public QAbstractButton
     Q_OBJECT
 
 public:
-    static constexpr int height = 34;
+    static constexpr int lineHeight = 34;
     static constexpr int bleed = 8; ///< How far the line reaches beyond its texts on the left.
 
     explicit TapeLine(QWidget* parent = nullptr);

@@ -435,14 +435,14 @@ TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
     CalculatorDisplay display;
     display.resize(300, 69);
     const auto* label = display.findChildren<QLabel*>().at(1);
-    display.show({}, QStringLiteral("1,234"));
+    display.setTexts({}, QStringLiteral("1,234"));
     EXPECT_EQ(label->font().pixelSize(), 40);
     EXPECT_EQ(display.toolTip(), QString());
-    display.show({}, QStringLiteral("123,456,789,012.25"));
+    display.setTexts({}, QStringLiteral("123,456,789,012.25"));
     EXPECT_LT(label->font().pixelSize(), 40);
     EXPECT_EQ(label->text(), QStringLiteral("123,456,789,012.25"));
     const QString longest(120, QLatin1Char('9'));
-    display.show({}, longest);
+    display.setTexts({}, longest);
     EXPECT_EQ(label->font().pixelSize(), 20);
     EXPECT_NE(label->text(), longest);
     EXPECT_EQ(display.toolTip(), longest);
