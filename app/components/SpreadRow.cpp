@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QEvent>
+#include <algorithm>
 
 namespace zelta {
 
@@ -15,6 +16,12 @@ SpreadRow::SpreadRow(QWidget* first, QWidget* second, QWidget* parent)
     m_layout->setSpacing(gap);
     m_layout->addWidget(first, 0, Qt::AlignLeft | Qt::AlignVCenter);
     m_layout->addWidget(second, 0, Qt::AlignRight | Qt::AlignVCenter);
+}
+
+QSize SpreadRow::minimumSizeHint() const
+{
+    const int width = std::max(m_first->minimumSizeHint().width(), m_second->minimumSizeHint().width());
+    return {width, m_layout->minimumSize().height()};
 }
 
 bool SpreadRow::event(QEvent* event)

@@ -229,6 +229,16 @@ TEST(CalendarPage, TilesTellTheirDay)
     EXPECT_EQ(stage.tile("2026-03-09")->accessibleName(), stage.tile("2026-03-09")->toolTip());
 }
 
+TEST(CalendarPage, TilesAreLowerInASmallWindow)
+{
+    Stage stage;
+    for (const auto& [window, tile] : {std::pair(760, 54), {1000, 54}, {690, 49}, {620, 44}}) {
+        stage.window.setFixedSize(840, window);
+        QApplication::sendPostedEvents();
+        EXPECT_EQ(stage.tile("2026-03-07")->minimumHeight(), tile) << window;
+    }
+}
+
 TEST(CalendarPage, ATilesMenuCopiesItsDate)
 {
     Stage stage;
