@@ -37,6 +37,7 @@ void parseIcu(benchmark::State& state)
     const std::unique_ptr<icu::NumberFormat> format(
         icu::NumberFormat::createInstance(icu::Locale("en_US_POSIX"), status));
     std::vector<icu::UnicodeString> inputs;
+    inputs.reserve(texts.size());
     for (const std::string_view text : texts)
         inputs.push_back(icu::UnicodeString::fromUTF8({text.data(), static_cast<int32_t>(text.size())}));
     std::size_t i = 0;
@@ -51,6 +52,7 @@ void parseIcu(benchmark::State& state)
 std::vector<Decimal> values()
 {
     std::vector<Decimal> all;
+    all.reserve(texts.size());
     for (const std::string_view text : texts)
         all.push_back(Num::parse(text).value());
     return all;
@@ -74,6 +76,7 @@ void stringIcu(benchmark::State& state)
                                .precision(icu::number::Precision::maxFraction(10))
                                .roundingMode(UNUM_ROUND_HALFUP);
     std::vector<std::string> numbers;
+    numbers.reserve(texts.size());
     for (const Decimal& value : values())
         numbers.push_back(value.text());
     std::size_t i = 0;

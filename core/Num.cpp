@@ -123,7 +123,9 @@ std::string integer(std::int64_t value)
 
 std::string percent(const Decimal& value, int maxPlaces, bool withSign)
 {
-    return (withSign && value > 0 ? "+" : "") + string(value, maxPlaces, true) + "%";
+    std::string text = withSign && value > 0 ? "+" : "";
+    text += string(value, maxPlaces, true);
+    return text += '%';
 }
 
 Decimal round(const Decimal& value, int places, Rounding mode)
