@@ -22,16 +22,16 @@ struct Relationship
     Decimal b; ///< Y
 
     /// What percentage of Y is X: a × 100 ÷ b. Nothing when b is zero.
-    std::optional<Decimal> aOfB() const;
+    [[nodiscard]] std::optional<Decimal> aOfB() const;
     /// What percentage of X is Y: b × 100 ÷ a. Nothing when a is zero.
-    std::optional<Decimal> bOfA() const;
+    [[nodiscard]] std::optional<Decimal> bOfA() const;
     /// The move from X to Y in percent of |X|, so that −50 to −25 is a rise. Nothing when a is zero.
-    std::optional<Decimal> changeAToB() const;
+    [[nodiscard]] std::optional<Decimal> changeAToB() const;
     /// b − a, with its sign.
-    Decimal absoluteDifference() const;
+    [[nodiscard]] Decimal absoluteDifference() const;
 
     /// Four rows; two when a is zero, because nothing can be measured against it.
-    std::vector<ResultRow> rows() const;
+    [[nodiscard]] std::vector<ResultRow> rows() const;
 
     friend bool operator==(const Relationship&, const Relationship&) = default;
 };
@@ -46,7 +46,7 @@ struct ChangeResult
     Decimal delta; ///< original × percent ÷ 100
 
     /// Always five rows: raised, cut, the amount, and what the value was before such a rise or cut.
-    std::vector<ResultRow> rows() const;
+    [[nodiscard]] std::vector<ResultRow> rows() const;
 
     friend bool operator==(const ChangeResult&, const ChangeResult&) = default;
 };

@@ -17,16 +17,16 @@ public:
     { }
 
     void setGeometry(const QRect& rect) override { widget()->setGeometry(rect.marginsAdded(m_reach)); }
-    QSize sizeHint() const override { return lowered(QWidgetItem::sizeHint()); }
-    QSize minimumSize() const override { return lowered(QWidgetItem::minimumSize()); }
-    int heightForWidth(int width) const override
+    [[nodiscard]] QSize sizeHint() const override { return lowered(QWidgetItem::sizeHint()); }
+    [[nodiscard]] QSize minimumSize() const override { return lowered(QWidgetItem::minimumSize()); }
+    [[nodiscard]] int heightForWidth(int width) const override
     {
         return QWidgetItem::heightForWidth(width + m_reach.left() + m_reach.right()) - m_reach.top()
             - m_reach.bottom();
     }
 
 private:
-    QSize lowered(const QSize& size) const
+    [[nodiscard]] QSize lowered(const QSize& size) const
     {
         return isEmpty() ? size : size - QSize(0, m_reach.top() + m_reach.bottom());
     }

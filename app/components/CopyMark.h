@@ -18,7 +18,7 @@ public:
     CopyMark(Clock& clock, std::function<void()> changed);
 
     void set(std::string key);
-    bool isOn(std::string_view key) const;
+    [[nodiscard]] bool isOn(std::string_view key) const;
 
 private:
     Clock& m_clock;

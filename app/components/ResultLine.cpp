@@ -71,7 +71,7 @@ struct Line
         ascent = std::max(ascent, textAscent);
         descent = std::max(descent, textDescent);
     }
-    int height() const { return ascent + descent; }
+    [[nodiscard]] int height() const { return ascent + descent; }
 };
 
 } // namespace
@@ -213,6 +213,7 @@ void ResultLine::place()
 {
     const int oldHeight = m_places.height;
     m_places = arrange(width());
+    m_valueLabel->setAlignment((isReference() ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     m_valueLabel->setGeometry(m_places.value);
     m_valueLabel->setText(m_value.elided(Qt::ElideMiddle, m_places.value.width()));
     if (m_places.height != oldHeight)

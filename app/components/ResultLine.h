@@ -29,19 +29,19 @@ public:
 
     /// Shows another answer in place; what did not change is left alone.
     void setRow(const ResultRow& row);
-    const ResultRow& row() const { return m_row; }
+    [[nodiscard]] const ResultRow& row() const { return m_row; }
 
     /// Shows a check mark in place of the copy symbol.
     void setMarked(bool marked);
-    bool isMarked() const { return m_marked; }
+    [[nodiscard]] bool isMarked() const { return m_marked; }
 
     /// Below the mouse or with the focus ring: no divider touches such a line.
-    bool isHighlighted() const;
+    [[nodiscard]] bool isHighlighted() const;
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-    bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 Q_SIGNALS:
     void highlightChanged();
@@ -71,7 +71,7 @@ private:
 
         void set(const QString& newText, const QFont& newFont);
         /// The whole text where `room` holds it.
-        QString elided(Qt::TextElideMode mode, int room) const;
+        [[nodiscard]] QString elided(Qt::TextElideMode mode, int room) const;
     };
 
     /// Where each text goes at a width; `y` of a rectangle is the top of its font.
@@ -83,10 +83,10 @@ private:
         int height = 0;
     };
 
-    Arrangement arrange(int width) const;
+    [[nodiscard]] Arrangement arrange(int width) const;
     void place();
-    bool isReference() const { return m_row.label.empty(); }
-    bool isDrag(const QMouseEvent& event) const;
+    [[nodiscard]] bool isReference() const { return m_row.label.empty(); }
+    [[nodiscard]] bool isDrag(const QMouseEvent& event) const;
     bool filterValueMouse(QEvent* event);
 
     ResultRow m_row;

@@ -27,7 +27,7 @@ public:
     void setRows(std::span<const ResultRow> rows);
     /// Shows plain texts, one a line, without labels.
     void setTexts(std::span<const std::string> texts);
-    std::span<const ResultRow> rows() const { return m_rows; }
+    [[nodiscard]] std::span<const ResultRow> rows() const { return m_rows; }
 
     /// Appends the lines to a card's column. They reach a little beyond it on both sides, for the hovered
     /// line's shade, and `above` and `below` into the room around them, because a line is higher than its
@@ -36,12 +36,12 @@ public:
 
     /// Marks something else that copies these lines, under a key that is no label.
     void setMark(std::string key) { m_mark.set(std::move(key)); }
-    bool isMarked(std::string_view key) const { return m_mark.isOn(key); }
+    [[nodiscard]] bool isMarked(std::string_view key) const { return m_mark.isOn(key); }
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-    bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 Q_SIGNALS:
     void markChanged();

@@ -31,8 +31,8 @@ public:
 
     /// Shows an answer. `title` names it in the history: "50 compared with 75".
     void setRows(std::vector<ResultRow> rows, std::string title);
-    std::span<const ResultRow> rows() const { return m_rows; }
-    const std::string& title() const { return m_title; }
+    [[nodiscard]] std::span<const ResultRow> rows() const { return m_rows; }
+    [[nodiscard]] const std::string& title() const { return m_title; }
 
 protected:
     void showEvent(QShowEvent* event) override;

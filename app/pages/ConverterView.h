@@ -25,9 +25,9 @@ class ConverterView final : public QWidget
 public:
     explicit ConverterView(AppModel& model, QWidget* parent = nullptr);
 
-    UnitKind kind() const { return m_kind; }
-    const std::string& fromId() const { return m_fromId; }
-    const std::string& toId() const { return m_toId; }
+    [[nodiscard]] UnitKind kind() const { return m_kind; }
+    [[nodiscard]] const std::string& fromId() const { return m_fromId; }
+    [[nodiscard]] const std::string& toId() const { return m_toId; }
 
 private:
     QWidget* makeInput();

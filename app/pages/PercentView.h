@@ -25,7 +25,7 @@ public:
 
     explicit PercentView(AppModel& model, QWidget* parent = nullptr);
 
-    Tab tab() const { return m_tab; }
+    [[nodiscard]] Tab tab() const { return m_tab; }
 
 private:
     void choose(const QString& value);

@@ -47,7 +47,7 @@ struct Stage
         field->setText(toQt(text));
         Q_EMIT field->textEdited(field->text());
     }
-    Picker* picker(const char* name) const
+    [[nodiscard]] Picker* picker(const char* name) const
     {
         for (Picker* candidate : page.findChildren<Picker*>()) {
             if (candidate->accessibleName() == toQt(name))
@@ -63,16 +63,16 @@ struct Stage
     }
     void choose(const char* kind) const { Q_EMIT page.findChild<PillTabs*>()->selected(toQt(kind)); }
     void swap() const { page.findChild<SwapButton*>()->click(); }
-    ResultList* results() const { return page.findChild<ResultList*>(); }
-    std::string answer() const { return plainText(results()->rows()); }
-    std::string units() const { return page.fromId() + " to " + page.toId(); }
-    std::string shownUnits() const
+    [[nodiscard]] ResultList* results() const { return page.findChild<ResultList*>(); }
+    [[nodiscard]] std::string answer() const { return plainText(results()->rows()); }
+    [[nodiscard]] std::string units() const { return page.fromId() + " to " + page.toId(); }
+    [[nodiscard]] std::string shownUnits() const
     {
         return toUtf8(picker("From")->currentText()) + " to " + toUtf8(picker("To")->currentText());
     }
 
     /// The reference lines and the ladder: every visible line that stands without a label.
-    std::vector<ResultLine*> referenceLines() const
+    [[nodiscard]] std::vector<ResultLine*> referenceLines() const
     {
         std::vector<ResultLine*> lines;
         for (ResultLine* line : page.findChildren<ResultLine*>()) {
@@ -81,14 +81,14 @@ struct Stage
         }
         return lines;
     }
-    Lines references() const
+    [[nodiscard]] Lines references() const
     {
         Lines texts;
         for (const ResultLine* line : referenceLines())
             texts.push_back(line->row().value);
         return texts;
     }
-    bool shows(const char* text) const
+    [[nodiscard]] bool shows(const char* text) const
     {
         const auto labels = page.findChildren<QLabel*>();
         return std::ranges::any_of(

@@ -37,7 +37,7 @@ struct Stage
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&page));
     }
 
-    QLineEdit* field(const char* name) const
+    [[nodiscard]] QLineEdit* field(const char* name) const
     {
         for (QLineEdit* candidate : page.findChildren<QLineEdit*>()) {
             if (candidate->accessibleName() == toQt(name))
@@ -45,7 +45,7 @@ struct Stage
         }
         return nullptr;
     }
-    NumberField* numberField(const char* name) const
+    [[nodiscard]] NumberField* numberField(const char* name) const
     {
         return static_cast<NumberField*>(field(name)->parentWidget());
     }
@@ -59,7 +59,7 @@ struct Stage
             edit->insert(toQt(text)), Q_EMIT edit->textEdited(edit->text());
     }
     void choose(const char* tab) const { Q_EMIT page.findChild<PillTabs*>()->selected(toQt(tab)); }
-    QAbstractButton* button(const char* text) const
+    [[nodiscard]] QAbstractButton* button(const char* text) const
     {
         for (QAbstractButton* candidate : page.findChildren<QAbstractButton*>()) {
             if (candidate->isVisible() && candidate->text() == toQt(text))
@@ -67,7 +67,7 @@ struct Stage
         }
         return nullptr;
     }
-    ResultList* results() const
+    [[nodiscard]] ResultList* results() const
     {
         for (ResultList* list : page.findChildren<ResultList*>()) {
             if (list->isVisible())
@@ -75,8 +75,8 @@ struct Stage
         }
         return nullptr;
     }
-    std::string answer() const { return plainText(results()->rows()); }
-    bool shows(const char* text) const
+    [[nodiscard]] std::string answer() const { return plainText(results()->rows()); }
+    [[nodiscard]] bool shows(const char* text) const
     {
         const auto labels = page.findChildren<QLabel*>();
         return std::ranges::any_of(

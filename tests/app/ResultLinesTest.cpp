@@ -49,7 +49,7 @@ struct Stage
     }
 
     /// The visible lines from top to bottom.
-    std::vector<ResultLine*> shown() const
+    [[nodiscard]] std::vector<ResultLine*> shown() const
     {
         std::vector<ResultLine*> all;
         for (ResultLine* line : lines->findChildren<ResultLine*>()) {
@@ -59,9 +59,9 @@ struct Stage
         std::ranges::sort(all, {}, [](const ResultLine* line) { return line->y(); });
         return all;
     }
-    ResultLine* line(std::size_t index) const { return shown().at(index); }
-    QLabel* value(std::size_t index) const { return line(index)->findChild<QLabel*>(); }
-    std::vector<bool> marks() const
+    [[nodiscard]] ResultLine* line(std::size_t index) const { return shown().at(index); }
+    [[nodiscard]] QLabel* value(std::size_t index) const { return line(index)->findChild<QLabel*>(); }
+    [[nodiscard]] std::vector<bool> marks() const
     {
         std::vector<bool> all;
         for (const ResultLine* line : shown())
@@ -248,6 +248,7 @@ TEST(ResultLines, KeepTheWholeTextOfAnElidedValue)
     const std::string digits(60, '9');
     const Stage stage(Rows {{"1 =", digits, {}, Weight::headline, {}}});
     EXPECT_TRUE(stage.value(0)->text().contains(QChar(0x2026)));
+    EXPECT_TRUE(stage.value(0)->alignment().testFlag(Qt::AlignRight)); // what is left over stays at its left
     EXPECT_EQ(stage.line(0)->toolTip(), QStringLiteral("Click to copy “%1”").arg(toQt(digits)));
     stage.line(0)->click();
     EXPECT_EQ(clipboardText(), toQt(digits));

@@ -40,7 +40,7 @@ struct ResultListTest : testing::Test
         return std::make_unique<ResultList>(test.model, module, QStringLiteral("Nothing yet."));
     }
 
-    Button* button(const QString& label) const
+    [[nodiscard]] Button* button(const QString& label) const
     {
         for (Button* candidate : list->findChildren<Button*>()) {
             if (candidate->label() == label)
@@ -48,7 +48,7 @@ struct ResultListTest : testing::Test
         }
         return nullptr;
     }
-    bool shows(const QString& text) const
+    [[nodiscard]] bool shows(const QString& text) const
     {
         const auto labels = list->findChildren<QLabel*>();
         return std::ranges::any_of(
