@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QPainter>
 
 namespace zelta {
 namespace {
@@ -45,6 +46,11 @@ AboutDialog::AboutDialog(QWidget* parent)
     texts->addWidget(close, 0, Qt::AlignRight);
     layout->addLayout(texts, 1);
     layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void AboutDialog::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter(this).fillRect(rect(), Theme::color(Theme::Token::card));
 }
 
 } // namespace zelta

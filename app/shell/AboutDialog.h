@@ -11,6 +11,9 @@ class AboutDialog final : public QDialog
 
 public:
     explicit AboutDialog(QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 } // namespace zelta
