@@ -12,6 +12,7 @@ namespace zelta {
 namespace {
 
 constexpr int sidePadding = 4;
+constexpr int edge = CalculatorDisplay::edge;
 constexpr int expressionHeight = 19;
 constexpr int numberHeight = 50;
 
@@ -52,7 +53,7 @@ void CalculatorDisplay::setTexts(const QString& expression, const QString& numbe
 
 QSize CalculatorDisplay::sizeHint() const
 {
-    return {0, expressionHeight + numberHeight};
+    return {0, expressionHeight + numberHeight + 2 * edge};
 }
 
 QSize CalculatorDisplay::minimumSizeHint() const
@@ -94,8 +95,8 @@ void CalculatorDisplay::resizeEvent(QResizeEvent* event)
 {
     QLabel::resizeEvent(event);
     const int room = width() - 2 * sidePadding;
-    m_expressionLabel->setGeometry(sidePadding, 0, room, expressionHeight);
-    m_numberLabel->setGeometry(sidePadding, expressionHeight, room, numberHeight);
+    m_expressionLabel->setGeometry(sidePadding, edge, room, expressionHeight);
+    m_numberLabel->setGeometry(sidePadding, edge + expressionHeight, room, numberHeight);
     fit();
 }
 

@@ -14,6 +14,9 @@ class CalculatorDisplay final : public QLabel
     Q_OBJECT
 
 public:
+    /// Room above and below the texts, for the focus ring.
+    static constexpr int edge = 5;
+
     explicit CalculatorDisplay(QWidget* parent = nullptr);
 
     void setTexts(const QString& expression, const QString& number);

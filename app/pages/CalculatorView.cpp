@@ -58,12 +58,15 @@ CalculatorView::CalculatorView(AppModel& model, QWidget* parent)
 
 QWidget* CalculatorView::makeLeftColumn()
 {
-    constexpr int belowDisplay = 14;
+    constexpr int belowDisplay = 14 - CalculatorDisplay::edge;
     constexpr int aboveFootnote = 13;
     constexpr int aboveNote = 10;
     auto* column = new QWidget(this);
     auto* card = new Card(column);
     m_keypadCard = card;
+    QMargins margins = card->layout()->contentsMargins();
+    margins.setTop(margins.top() - CalculatorDisplay::edge);
+    card->layout()->setContentsMargins(margins);
     m_keypadCard->installEventFilter(this);
     m_display = new CalculatorDisplay(card);
     connect(m_display, &CalculatorDisplay::copyRequested, this, &CalculatorView::copyDisplay);
