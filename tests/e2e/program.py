@@ -146,6 +146,17 @@ class Program:
         """Waits until something called `words` shows."""
         return desktop.wait_for(lambda: self.find(words, role, within), f"“{words}” on the screen", seconds)
 
+    def wait_all(self, names, seconds=10):
+        """Waits until things of all these names show at once."""
+        missing = set(names)
+
+        def there():
+            missing.clear()
+            missing.update(set(names) - {item.name for item in self.shown()})
+            return not missing
+
+        desktop.wait_for(there, f"on the screen: {missing}", seconds)
+
     def wait_gone(self, words, role=None, seconds=10):
         desktop.wait_for(lambda: not self.find(words, role), f"“{words}” gone from the screen", seconds)
 
@@ -171,9 +182,18 @@ class Program:
     def click(self, thing, role=None, button=1, within=None):
         """Clicks in the middle of something, given by its words or found already."""
         item = thing if isinstance(thing, Item) else self.wait(thing, role, within=within)
+        self.reveal(item)
         x, y = item.centre
         self.screen.run(["xdotool", "mousemove", "--sync", str(x), str(y), "click", str(button)])
         return item
+
+    def reveal(self, item):
+        """Turns the wheel over the page until something further down or up lies in the window."""
+        left, top, width, height = self.root().frame
+        while not top <= item.centre[1] <= top + height:
+            before, wheel = item.centre, "5" if item.centre[1] > top else "4"
+            self.screen.run(["xdotool", "mousemove", str(left + width - 100), str(top + height // 2), "click", wheel])
+            desktop.wait_for(lambda: item.centre != before, f"the page to scroll towards {item}")
 
     def fill(self, name, text):
         """Clicks a text field, empties it and types into it."""

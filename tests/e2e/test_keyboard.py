@@ -95,6 +95,115 @@ class Keyboard(scenario.Scenario):
                         self.assertNotIn(item.role, ["unknown", "invalid", "filler", "panel"])
                         self.assertRegex(item.name, re.compile(r"\w"))
 
+    def tab_to(self, app, name):
+        """Presses Tab until something called `name` has the focus."""
+        for _ in range(60):
+            last = app.focused()
+            if last and last.name.startswith(name):
+                return
+            app.key("Tab")
+            self.moved(app, last)
+        self.fail(f"Tab never comes to “{name}”")
+
+    def test_the_calculator_by_tab_and_space(self):
+        app = self.start()
+        app.type("12+3")
+        self.tab_to(app, "Equals")
+        app.key("space")
+        app.wait("12 + 3, 15")
+        self.tab_to(app, "Save to history")
+        app.key("space")
+        app.wait("Saved to history")
+        self.tab_to(app, "Calculator")
+        app.key("Down")
+        app.wait("Type two numbers to compare them.")
+
+    def test_percentages_and_units_by_tab_and_space(self):
+        app = self.start()
+        app.go("Percentage")
+        self.tab_to(app, "Value X")
+        app.type("50")
+        app.key("Tab")
+        app.type("75")
+        self.tab_to(app, "X is this much of Y: 66.6667%")
+        app.key("Return")
+        self.wait_for(lambda: self.screen.clipboard() == "66.6667%", "the value on the clipboard")
+        self.tab_to(app, "Save to history")
+        app.key("space")
+        app.wait("Saved to history")
+        self.tab_to(app, "X is what % of Y")
+        app.key("Right")
+        app.wait("Enter a value and a percentage.")
+
+        app.go("Converter")
+        self.tab_to(app, "Amount")
+        app.type("5")
+        self.tab_to(app, "Swap the two units")
+        app.key("space")
+        app.wait("5 km in mile: 3.106856 mi")
+
+    def test_dates_by_tab_and_space(self):
+        app = self.start()
+        app.go("Calendar")
+        today = datetime.date.today()
+        self.tab_to(app, TODAY)
+        app.key("ctrl+Right")
+        morrow = today + datetime.timedelta(days=1)
+        words = f"{morrow:%A}, {morrow.day} {morrow:%B %Y}"
+        app.wait(words)
+        app.key("Tab", "space")
+        self.wait_for(lambda: self.screen.clipboard() == words, "the date on the clipboard")
+
+        app.go("Days Between")
+        self.tab_to(app, "7 days")
+        app.key("space")
+        app.wait("Total days: 7 (end date not included)")
+        self.tab_to(app, "Include the end date")
+        app.key("space")
+        app.wait("Total days: 8 (end date included)")
+
+        app.go("Settings")
+        self.tab_to(app, "Saturday & Sunday")
+        app.key("End")
+        app.wait("No weekend (7-day week), 12-hour clock")
+        self.tab_to(app, "Show times in 24-hour format")
+        app.key("space")
+        app.wait("No weekend (7-day week), 24-hour clock")
+
+    def test_history_by_tab_and_space(self):
+        app = self.start()
+        app.type("1+1=")
+        self.tab_to(app, "Save to history")
+        app.key("space")
+        app.wait("Saved to history")
+        app.go("History")
+        self.tab_to(app, "Show details")
+        app.key("space")
+        app.wait("Hide details")
+        self.tab_to(app, "Copy the full result")
+        app.key("space")
+        self.wait_for(lambda: self.screen.clipboard().startswith("Result: 2"), "the result on the clipboard")
+        self.tab_to(app, "Clear history")
+        app.key("space")
+        app.wait("Clear the whole history?")
+        app.key("Return")  # the default is Cancel: Return never destroys
+        app.wait_gone("Clear the whole history?")
+        app.wait("1 saved")
+        self.tab_to(app, "Delete this entry")
+        app.key("space")
+        app.wait("Nothing saved yet")
+
+    def test_notes_by_tab_and_space(self):
+        app = self.start()
+        app.go("Notes")
+        self.tab_to(app, "New note")
+        app.key("space")
+        self.tab_to(app, "Add paragraph")
+        app.key("space")
+        self.tab_to(app, "Undo the last change to this note")
+        app.key("space")
+        app.wait("Undone")
+
 
 if __name__ == "__main__":
     scenario.main()
