@@ -10,11 +10,13 @@ import desktop
 
 Role = None  # pyatspi may be loaded only once a desktop's environment is in force, see load()
 _atspi = None
+_listener = None
+_last_focused = None
 
 
 def load(environment):
     """Connects this process to the desktop's accessibility bus. Nothing is cached: what is read is what is shown."""
-    global Role, _atspi
+    global Role, _atspi, _listener
     os.environ.update(environment)
     time.tzset()
     import pyatspi
@@ -22,6 +24,21 @@ def load(environment):
 
     Role, _atspi = Atspi.Role, Atspi
     pyatspi.Registry.getDesktop(0).set_cache_mask(Atspi.Cache.NONE)
+    _listener = Atspi.EventListener.new(_remember_focus)
+    _listener.register("object:state-changed:focused")
+
+
+def _remember_focus(event):
+    global _last_focused
+    if event.detail1:
+        _last_focused = event.source
+
+
+def _hear_events():
+    from gi.repository import GLib
+
+    while GLib.MainContext.default().iteration(False):
+        pass
 
 
 class Item:
@@ -137,7 +154,15 @@ class Program:
         return [text for item in items for text in dict.fromkeys((item.name, item.text)) if text]
 
     def focused(self):
-        """What the keyboard talks to."""
+        """What the keyboard talks to: what said so last, or else what a search finds."""
+        _hear_events()
+        if _last_focused:
+            item = Item(_last_focused)
+            try:
+                if item.has("focused") and _last_focused.get_process_id() == self.process.pid:
+                    return item
+            except Exception:  # a thing that is gone says nothing
+                pass
         return next((item for item in self.shown() if item.has("focused")), None)
 
     # Waiting
