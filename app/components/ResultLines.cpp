@@ -60,8 +60,15 @@ void ResultLines::setRows(std::span<const ResultRow> rows)
     if (!sameOrder) {
         for (ResultLine* line : m_lines)
             line->raise(); // the order in which assistive technology reads them
-        for (std::size_t i = 1; i < m_lines.size(); ++i)
-            QWidget::setTabOrder(m_lines[i - 1], m_lines[i]);
+        // Tab goes by age, and new lines are younger than the buttons below them. They follow this widget,
+        // which only counts in the order while it could take the focus itself.
+        setFocusPolicy(Qt::TabFocus);
+        QWidget* before = this;
+        for (ResultLine* line : m_lines) {
+            setTabOrder(before, line);
+            before = line;
+        }
+        setFocusPolicy(Qt::NoFocus);
     }
     if (!sameOrder || oldCount != rows.size())
         updateGeometry();

@@ -16,7 +16,6 @@
 #include "app/model/Text.h"
 #include "core/Converter.h"
 
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace zelta {
@@ -102,7 +101,6 @@ ConverterView::ConverterView(AppModel& model, QWidget* parent)
     connect(m_amount, &NumberField::textEdited, this, &ConverterView::showAnswer);
     connect(m_from, &QComboBox::activated, this, &ConverterView::choosePicked);
     connect(m_to, &QComboBox::activated, this, &ConverterView::choosePicked);
-    setFocusProxy(m_amount->field());
     restore();
 }
 

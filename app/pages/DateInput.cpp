@@ -27,7 +27,6 @@ DateInput::DateInput(const QString& name, AppModel& model, QWidget* parent)
     constexpr int lineGap = 12;
     auto* row = new WrappingRow(this, gap, gap);
     row->add(makeFields(name));
-    setFocusProxy(m_day);
 
     m_pickerButton = new IconButton("calendar", QStringLiteral("Pick from a calendar"), row);
     m_pickerButton->setLook(Button::Look::bordered);

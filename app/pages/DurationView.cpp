@@ -60,7 +60,6 @@ DurationView::DurationView(AppModel& model, QWidget* parent)
     column->addLayout(results);
 
     connect(&model, &AppModel::weekendRuleChanged, this, &DurationView::recompute);
-    setFocusProxy(m_start);
     setQuickSpan(0);
 }
 

@@ -12,7 +12,6 @@
 #include "core/Num.h"
 #include "core/PercentMath.h"
 
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace zelta {
@@ -48,7 +47,6 @@ CompareSection::CompareSection(AppModel& model, QWidget* parent)
     , m_results(
           new ResultList(model, Module::percent, QStringLiteral("Type two numbers to compare them."), this))
 {
-    setFocusProxy(m_x->field());
     QVBoxLayout* column = makeColumn(this);
     column->addWidget(makeInput());
     column->addSpacing(aboveNote);
@@ -115,7 +113,6 @@ ChangeSection::ChangeSection(AppModel& model, QWidget* parent)
           new ResultList(model, Module::percent, QStringLiteral("Enter a value and a percentage."), this))
 {
     m_percent->setSuffix(QStringLiteral("%"));
-    setFocusProxy(m_value->field());
     QVBoxLayout* column = makeColumn(this);
     column->addWidget(makeInput());
     column->addSpacing(Metric::partSpacing);

@@ -60,7 +60,6 @@ void PercentView::showTab(Tab tab)
             section = new ChangeSection(m_model, this);
         m_column->addWidget(section);
     }
-    setFocusProxy(section);
     for (QWidget* other : m_sections) {
         if (other != nullptr)
             other->setVisible(other == section);

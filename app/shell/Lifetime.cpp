@@ -31,7 +31,10 @@ Lifetime::Lifetime(QWidget& window, Clock& clock)
     , m_clock(clock)
 {
     window.installEventFilter(this);
-    m_clock.setSavesSettledHandler([this] { quitWhenSaved(); });
+    // Queued: one save may be called off only to make room for the next, as a row that hands on its text
+    // does.
+    m_clock.setSavesSettledHandler(
+        [this] { QMetaObject::invokeMethod(this, &Lifetime::quitWhenSaved, Qt::QueuedConnection); });
     watchSignals();
 }
 

@@ -3,10 +3,13 @@
 #include "app/components/Label.h"
 #include "app/components/ModuleGlyph.h"
 #include "app/components/SymbolIcon.h"
+#include "app/look/Surface.h"
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
 
+#include <QApplication>
+#include <QLineEdit>
 #include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -56,13 +59,25 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     const auto showSubtitle = [this] { m_subtitle->setText(toQt(m_model.subtitle(m_module))); };
     connect(&model, &AppModel::weekendRuleChanged, this, showSubtitle);
     connect(&model, &AppModel::use24HourChanged, this, showSubtitle);
+    // The scroll area follows Tab within the page; who comes into it by Tab from outside must be seen as
+    // well.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        if (isVisible() && m_column->isAncestorOf(now) && !m_column->isAncestorOf(before)
+            && Surface::showsFocus(*now))
+            ensureWidgetVisible(now);
+    });
     showMessage();
 }
 
 void PageChrome::focusEntry()
 {
-    if (m_content && m_content->focusProxy())
-        m_content->setFocus(Qt::ShortcutFocusReason);
+    // Not a focus proxy of the page: that takes every stop before and after the field out of the Tab order.
+    if (!m_content || m_module == Module::notes)
+        return;
+    const auto fields = m_content->findChildren<QLineEdit*>();
+    const auto first = std::ranges::find_if(fields, &QWidget::isVisible);
+    if (first != fields.end())
+        (*first)->setFocus(Qt::ShortcutFocusReason);
 }
 
 void PageChrome::paintEvent(QPaintEvent* /*event*/)

@@ -19,7 +19,7 @@ public:
     /// Takes ownership of `content`; null shows the header alone.
     PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent);
 
-    /// Puts the caret where typing on this page begins: its content's focus proxy, where it has one.
+    /// Puts the caret where typing on this page begins: its first field. Notes are read first, and have none.
     void focusEntry();
 
 protected:

@@ -95,6 +95,9 @@ class Item:
             for child in self.children:
                 yield from child.walk()
 
+    def __eq__(self, other):
+        return isinstance(other, Item) and self._accessible == other._accessible
+
     def __repr__(self):
         return f"{self.role} “{self.name}”"
 

@@ -77,6 +77,7 @@ class Notes(scenario.Scenario):
         def search(app):
             app.click("Search notes", "text")
             app.type("zzz")
+            app.wait("No matches")
 
         def close(app):
             app.key("alt+F4")
@@ -94,6 +95,7 @@ class Notes(scenario.Scenario):
             text = f"{leave.__name__} {number}"
             self.wait_for(lambda: self.paragraphs(app), "the paragraph")
             app.click(self.paragraphs(app)[0])
+            self.wait_for(lambda: self.paragraphs(app)[0].has("focused"), "the focus in the paragraph")
             app.key("ctrl+a")
             app.type(text)
             leave(app)
@@ -103,6 +105,7 @@ class Notes(scenario.Scenario):
                 app = self.start()
             elif leave is search:
                 app.key("ctrl+a", "BackSpace")
+                app.wait_gone("No matches")
             else:
                 app.go("Notes")
 
