@@ -57,10 +57,18 @@ NotesView::NotesView(AppModel& model, QWidget* parent)
     setTabOrders();
 }
 
+/// The parts hide and lose the focus after the page itself is gone: they must not tell it.
+NotesView::~NotesView()
+{
+    for (QObject* part : findChildren<QObject*>())
+        part->disconnect(this);
+}
+
 void NotesView::connectParts()
 {
     connect(m_toolbar->newNote, &QPushButton::clicked, this, &NotesView::newNote);
     connect(m_toolbar->search, &QLineEdit::textChanged, this, &NotesView::searchChanged);
+    connect(m_toolbar->search, &QLineEdit::editingFinished, this, &NotesView::runDueSearch);
     connect(m_toolbar->undo, &QPushButton::clicked, this, &NotesView::undo);
     connect(m_toolbar->redo, &QPushButton::clicked, this, &NotesView::redo);
     connect(m_toolbar->copy, &QPushButton::clicked, this, &NotesView::copyNote);
@@ -285,7 +293,7 @@ void NotesView::scheduleSave()
 
 void NotesView::flushSave()
 {
-    m_saveTask.cancel();
+    const Clock::Task due = std::move(m_saveTask); // pending until it is written
     if (!m_draft || !m_isUnsaved)
         return;
     // A failed write leaves the draft unsaved, for the next occasion.
@@ -301,6 +309,14 @@ void NotesView::searchChanged()
         runSearch();
     else
         m_searchTask = m_model.clock().after(m_pace.wait(), [this] { runSearch(); });
+}
+
+/// Who has left the search field works with what was found; a search may not come later and open another
+/// note below their hands.
+void NotesView::runDueSearch()
+{
+    if (m_searchTask.isPending())
+        runSearch();
 }
 
 void NotesView::runSearch()

@@ -36,6 +36,7 @@ public:
     static constexpr std::int64_t listLimit = 1000;
 
     explicit NotesView(AppModel& model, QWidget* parent = nullptr);
+    ~NotesView() override;
 
     const std::vector<Note>& notes() const;
     std::optional<std::int64_t> selectedID() const;
@@ -81,6 +82,7 @@ private:
     void handOn();
     void scheduleSave();
     void searchChanged();
+    void runDueSearch();
     void runSearch();
     void reload(OnReload onReload);
     void openDraft(const Note* note);

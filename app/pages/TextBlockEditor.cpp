@@ -91,7 +91,8 @@ void TextBlockEditor::publishNow()
     // What an input method still composes is part of what was typed.
     if (m_editor->hasFocus())
         QGuiApplication::inputMethod()->commit();
-    m_publishTask.cancel();
+    // Pending until the page has it: in a gap without pending saves a closed program would end.
+    const Clock::Task due = std::move(m_publishTask);
     if (!std::exchange(m_isTyped, false))
         return;
     std::string local = toUtf8(m_editor->text());

@@ -106,6 +106,21 @@ TEST_F(NotesViewTest, LosesNothingWhenThePageGoes)
     EXPECT_FALSE(test.clock.hasPendingSaves());
 }
 
+TEST_F(NotesViewTest, LeavesNoGapInWhichAClosedProgramWouldEnd)
+{
+    add({"a"});
+    open();
+    int settled = 0;
+    test.clock.setSavesSettledHandler([&settled] { ++settled; });
+    type(0, QStringLiteral("b"));
+    page->hide();
+    test.clock.advance(599ms);
+    EXPECT_EQ(settled, 0);
+    test.clock.advance(1ms);
+    EXPECT_EQ(settled, 1);
+    test.clock.setSavesSettledHandler({});
+}
+
 TEST_F(NotesViewTest, KeepsItsSelectionWhenItIsShownAgain)
 {
     const std::int64_t older = add({"older"}, 1h);
