@@ -59,7 +59,7 @@ std::string systemTimeZoneId()
         // The C library's spelling ":Europe/Paris" says that a file is meant.
         if (text.starts_with(':'))
             text.erase(0, 1);
-        const std::string identifier = zoneOfPath(text);
+        std::string identifier = zoneOfPath(text);
         if (isKnownZone(identifier))
             return identifier;
     }

@@ -54,7 +54,7 @@ void compareWithOracle(const std::string& zone, int fromYear, int toYear)
     const Calendar calendar(zone);
     for (int year = fromYear; year <= toYear; ++year) {
         for (int month = 1; month <= 12; ++month) {
-            const auto number = static_cast<std::size_t>(year * 12 + month);
+            const auto number = static_cast<std::size_t>(year) * 12 + static_cast<std::size_t>(month);
             const DateOptions options = in(zone, WeekendRule::presets()[number % 6].rule);
             // Today is inside the month, in a neighbour's part of the grid, or far away.
             const CivilDay first {year, month, 1};

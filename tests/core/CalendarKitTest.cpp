@@ -206,6 +206,7 @@ TEST(CalendarKitZones, EveryZoneAgreesWithTheOracleAroundEachChangeOfItsClocks)
     const std::vector<std::string> zones = words(oracle.ask({"zones"}).front());
     ASSERT_GT(zones.size(), 400U);
     std::vector<std::string> questions;
+    questions.reserve(zones.size());
     for (const std::string& zone : zones)
         questions.push_back("changes " + zone + " 1880 2045");
     const auto expected = oracle.ask(questions);
