@@ -19,15 +19,19 @@ namespace {
 constexpr int line = 1;
 constexpr std::chrono::milliseconds flashTime {1400};
 
-/// The foot of the card, below a thin line.
+/// The foot of the card, below a thin line while there is something above it.
 class Footer final : public QWidget
 {
 public:
     using QWidget::QWidget;
 
+    bool hasLine = false;
+
 protected:
     void paintEvent(QPaintEvent* /*event*/) override
     {
+        if (!hasLine)
+            return;
         QPainter painter(this);
         painter.fillRect(0, 0, width() + line, line, Theme::color(Theme::Token::divider));
     }
@@ -54,6 +58,8 @@ NoteEditorPane::NoteEditorPane(Clock& clock, QWidget* parent)
 
 void NoteEditorPane::show(const Note* note)
 {
+    static_cast<Footer*>(m_footer)->hasLine = note != nullptr;
+    m_footer->update();
     m_paragraphs->setVisible(note != nullptr);
     m_empty->setVisible(note == nullptr);
     m_words->setVisible(note != nullptr);

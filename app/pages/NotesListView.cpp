@@ -84,6 +84,8 @@ NotesListView::NotesListView(QWidget* parent)
     content()->addWidget(m_list, 1);
     content()->addWidget(m_noNotes);
     content()->addWidget(m_noMatches);
+    for (EmptyState* empty : {m_noNotes, m_noMatches})
+        empty->setContentsMargins(0, 0, padding, 0);
     showContent();
 }
 
