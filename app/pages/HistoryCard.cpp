@@ -29,14 +29,16 @@ constexpr int belowSummary = 4;
 constexpr int controlGap = 2;
 constexpr int aboveDetail = 11;
 
-/// What a label takes at this width; one line is by far the usual case and is known without laying it out.
-int labelHeight(const Label& label, int width, int line)
+int oneLineWidth(const Label& label)
 {
-    const QFontMetrics metrics = label.fontMetrics();
     const QString text = label.text();
-    if (!text.contains(QLatin1Char('\n')) && metrics.horizontalAdvance(text) <= width)
-        return std::max(line, metrics.height());
-    return std::max(line, label.heightForWidth(width));
+    return text.contains(QLatin1Char('\n')) ? QWIDGETSIZE_MAX : label.fontMetrics().horizontalAdvance(text);
+}
+
+/// What a label takes at this width; one line is by far the usual case and is known without laying it out.
+int labelHeight(const Label& label, int oneLine, int width, int line)
+{
+    return std::max(line, oneLine <= width ? label.fontMetrics().height() : label.heightForWidth(width));
 }
 
 Label* makeText(const std::string& text, Theme::FontRole role, Theme::Token token, QWidget* parent)
@@ -59,6 +61,7 @@ HistoryCard::HistoryCard(const HistoryEntry& entry, const QString& time, QWidget
     , m_copy(new IconButton("doc.on.doc", QStringLiteral("Copy the full result"), this))
     , m_delete(new IconButton("trash", QStringLiteral("Delete this entry"), this))
 {
+    m_oneLine = {oneLineWidth(*m_title), oneLineWidth(*m_summary), oneLineWidth(*m_time)};
     m_toggle->setLook(Button::Look::borderless);
     m_toggle->setSize(Button::Size::small);
     m_toggle->setInk(Theme::Token::accentInk);
@@ -88,8 +91,10 @@ const HistoryEntry& HistoryCard::entry() const
 
 void HistoryCard::setTime(const QString& time)
 {
-    if (m_time->text() != time)
-        m_time->setText(time);
+    if (m_time->text() == time)
+        return;
+    m_time->setText(time);
+    m_oneLine[2] = oneLineWidth(*m_time);
 }
 
 void HistoryCard::setCopied(bool copied)
@@ -166,15 +171,15 @@ int HistoryCard::place(int width, bool move) const
     const int left = side + badge + badgeGap;
     const int textWidth = std::max(1, right + controlGap - badgeGap - left);
     int y = above;
-    const auto put = [&](Label* label, int line, int gap) {
-        const int height = labelHeight(*label, textWidth, line);
+    const auto put = [&](Label* label, int oneLine, int line, int gap) {
+        const int height = labelHeight(*label, oneLine, textWidth, line);
         if (move)
             label->setGeometry(left, y, textWidth, height);
         y += height + gap;
     };
-    put(m_title, textLine, belowTitle);
-    put(m_summary, textLine, belowSummary);
-    put(m_time, timeLine, 0);
+    put(m_title, m_oneLine[0], textLine, belowTitle);
+    put(m_summary, m_oneLine[1], textLine, belowSummary);
+    put(m_time, m_oneLine[2], timeLine, 0);
     if (m_detail != nullptr && !m_detail->isHidden()) {
         const int detailWidth = width - side - left;
         const int height = m_detail->heightForWidth(detailWidth);

@@ -12,7 +12,7 @@ namespace zelta {
 namespace {
 
 constexpr int gap = 10;
-constexpr int batch = 12; // fills a window of usual height
+constexpr std::size_t batch = 12; // fills a window of usual height
 
 } // namespace
 
@@ -43,23 +43,35 @@ void HistoryList::setEntries(std::vector<HistoryEntry> entries, TimeText timeTex
 
 bool HistoryList::makeMore()
 {
-    int made = 0;
+    std::vector<HistoryCard*> shown;
     bool insideList = false;
-    for (std::size_t i = 0; i < m_entries.size() && made < batch; ++i) {
-        if (m_cards[i] != nullptr)
+    for (std::size_t i = 0; i < m_entries.size() && shown.size() < batch; ++i) {
+        if (m_cards[i] == nullptr) {
+            m_cards[i] = makeCard(m_entries[i]);
+            const auto isMade = [](const HistoryCard* later) { return later != nullptr; };
+            insideList = insideList
+                || std::any_of(m_cards.begin() + static_cast<std::ptrdiff_t>(i) + 1, m_cards.end(), isMade);
+        } else if (!m_cards[i]->isHidden()) {
             continue;
-        m_cards[i] = makeCard(m_entries[i]);
-        insideList = insideList
-            || std::any_of(m_cards.begin() + static_cast<std::ptrdiff_t>(i) + 1, m_cards.end(),
-                           [](const HistoryCard* later) { return later != nullptr; });
-        ++made;
+        }
+        shown.push_back(m_cards[i]);
     }
-    if (made == 0)
+    if (shown.empty())
         return false;
     if (insideList)
         orderCards();
     placeCards();
+    for (HistoryCard* card : shown)
+        card->show();
     return true;
+}
+
+void HistoryList::rest(const QRect& seen)
+{
+    for (HistoryCard* card : m_cards) {
+        if (card != nullptr && !card->geometry().intersects(seen))
+            card->hide();
+    }
 }
 
 HistoryCard* HistoryList::card(std::int64_t id) const
@@ -110,7 +122,6 @@ void HistoryList::placeCards()
         if (card != nullptr) {
             height = card->heightForWidth(width());
             card->setGeometry(0, y, width(), height);
-            card->show();
         }
         y += height + gap;
     }

@@ -25,8 +25,12 @@ public:
     /// that stay are kept, with their unfolded details and the focus.
     void setEntries(std::vector<HistoryEntry> entries, TimeText timeText);
 
-    /// Makes the next few of the cards that are missing. False when none was.
+    /// Makes and shows the next few of the cards that are missing or at rest. False when none was.
     bool makeMore();
+
+    /// Hides all cards outside `seen`, for a page that is left: showing thousands of widgets at once takes
+    /// longer than it may when the page is seen again.
+    void rest(const QRect& seen);
 
     /// The card of an entry; null when it is not made yet or there is none.
     HistoryCard* card(std::int64_t id) const;

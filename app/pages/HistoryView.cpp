@@ -55,6 +55,16 @@ void HistoryView::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
 }
 
+void HistoryView::hideEvent(QHideEvent* event)
+{
+    // What is in view stays ready, wherever the page is scrolled to.
+    const QWidget* frame = parentWidget() != nullptr ? parentWidget()->parentWidget() : nullptr;
+    const QWidget* around = frame != nullptr ? frame : this;
+    m_list->rest(QRect(m_list->mapFrom(around, QPoint()), around->size()));
+    m_nextCards.cancel();
+    QWidget::hideEvent(event);
+}
+
 QWidget* HistoryView::makeHeader()
 {
     constexpr int height = 56;

@@ -186,6 +186,20 @@ TEST_F(HistoryViewTest, MakesFirstWhatIsSeenFirst)
     EXPECT_EQ(view.sizeHint().height(), length) << "the page has its length from the start";
 }
 
+TEST_F(HistoryViewTest, ShowsAllCardsAgainWhenItIsSeenAgain)
+{
+    for (int i = 0; i < 100; ++i)
+        save(std::to_string(i));
+    show();
+    const auto all = titles();
+    view.hide();
+    view.show();
+    EXPECT_GE(cards().size(), 8U) << "those in view at once";
+    EXPECT_LT(cards().size(), 50U);
+    test.clock.advance(1s);
+    EXPECT_EQ(titles(), all);
+}
+
 TEST_F(HistoryViewTest, FoldsTheDetailsOfEachEntryOnItsOwn)
 {
     save("a");
