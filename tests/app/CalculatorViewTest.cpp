@@ -452,14 +452,19 @@ TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
 TEST(CalculatorShortcuts, AreListed)
 {
     const Stage stage;
-    for (const char* text :
-         {"Shortcuts", "0 – 9  .", "Enter a number", "+  −  *  /", "Operators", "Return", "Equals", "Delete",
-          "Backspace", "Escape", "Clear everything", "%", "Percent", "N", "Change the sign", "⌘C",
-          "Copy the display",
-          "Percent works in context: 200 + 10 % is 220, but 10 % on its own is 0.1. Pressing = again repeats "
-          "the last "
-          "operation. The tape keeps this session's calculations; Save to history keeps one for later."})
+    for (const char* text : {"Shortcuts", "0 – 9  .", "Enter a number", "+  −  *  /", "Operators", "Return",
+                             "Equals", "Delete", "Backspace", "Escape", "Clear everything", "%", "Percent",
+                             "N", "Change the sign", "⌘C", "Copy the display"})
         EXPECT_TRUE(stage.shows(text)) << text;
+}
+
+TEST(CalculatorView, ExplainsPercentAndTape)
+{
+    const Stage stage;
+    EXPECT_TRUE(
+        stage.shows("Percent works in context: 200 + 10 % is 220, but 10 % on its own is 0.1. Pressing = "
+                    "again repeats the last operation. The tape keeps this session's calculations; Save to "
+                    "history keeps one for later."));
 }
 
 TEST(CalculatorLayout, ShrinksKeysInALowWindow)
