@@ -27,7 +27,7 @@ public:
     explicit Button(const QString& label, QWidget* parent = nullptr);
     Button(const QString& label, std::string_view symbol, QWidget* parent = nullptr);
 
-    QString label() const;
+    [[nodiscard]] QString label() const;
     void setLabel(const QString& label);
     void setSymbol(std::string_view symbol);
     void setLook(Look look);
@@ -44,26 +44,26 @@ public:
     void showConfirmation(const QString& label);
     void clearConfirmation();
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void paintSurface(QPainter& painter) const;
-    QColor inkColor() const;
-    bool isConfirming() const;
-    Look look() const;
-    double cornerRadius() const;
+    [[nodiscard]] QColor inkColor() const;
+    [[nodiscard]] bool isConfirming() const;
+    [[nodiscard]] Look look() const;
+    [[nodiscard]] double cornerRadius() const;
 
     /// The button's own symbol, or a check mark while it confirms.
-    std::string_view shownSymbol() const;
+    [[nodiscard]] std::string_view shownSymbol() const;
 
 private:
-    QString shownLabel() const;
-    int contentWidth(const QString& label) const;
-    int padding() const;
-    int gap() const;
-    int symbolSize() const;
+    [[nodiscard]] QString shownLabel() const;
+    [[nodiscard]] int contentWidth(const QString& label) const;
+    [[nodiscard]] int padding() const;
+    [[nodiscard]] int gap() const;
+    [[nodiscard]] int symbolSize() const;
 
     std::string m_symbol;
     QString m_label;

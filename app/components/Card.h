@@ -22,7 +22,7 @@ public:
     Card(const QString& title, std::string_view symbol, QWidget* parent = nullptr);
 
     /// The column below the title row; no spacing of its own.
-    QVBoxLayout* content() const;
+    [[nodiscard]] QVBoxLayout* content() const;
 
     /// Places a widget at the right end of the title row.
     void addToTitle(QWidget* widget);

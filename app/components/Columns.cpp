@@ -22,13 +22,13 @@ public:
 
     void addItem(QLayoutItem* item) override { m_items.at(m_items[0] ? 1 : 0).reset(item); }
 
-    int count() const override
+    [[nodiscard]] int count() const override
     {
         return static_cast<int>(
             std::ranges::count_if(m_items, [](const auto& item) { return item != nullptr; }));
     }
 
-    QLayoutItem* itemAt(int index) const override
+    [[nodiscard]] QLayoutItem* itemAt(int index) const override
     {
         return index >= 0 && index < count() ? m_items.at(static_cast<std::size_t>(index)).get() : nullptr;
     }
@@ -43,9 +43,9 @@ public:
         return taken;
     }
 
-    bool hasHeightForWidth() const override { return true; }
+    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
 
-    int heightForWidth(int width) const override
+    [[nodiscard]] int heightForWidth(int width) const override
     {
         if (Columns::fits(width, m_minimumWidth)) {
             const int column = (width - Columns::gap) / 2;
@@ -54,7 +54,7 @@ public:
         return height(0, width) + Columns::gap + height(1, width);
     }
 
-    QSize sizeHint() const override
+    [[nodiscard]] QSize sizeHint() const override
     {
         const QSize left = m_items[0]->sizeHint();
         const QSize right = m_items[1]->sizeHint();
@@ -62,7 +62,7 @@ public:
         return {2 * column + Columns::gap, std::max(left.height(), right.height())};
     }
 
-    QSize minimumSize() const override
+    [[nodiscard]] QSize minimumSize() const override
     {
         return m_items[0]->minimumSize().expandedTo(m_items[1]->minimumSize());
     }
@@ -84,7 +84,7 @@ public:
     }
 
 private:
-    int height(std::size_t index, int width) const
+    [[nodiscard]] int height(std::size_t index, int width) const
     {
         QLayoutItem& item = *m_items.at(index);
         return item.hasHeightForWidth() ? item.heightForWidth(width) : item.sizeHint().height();

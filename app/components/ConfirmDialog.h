@@ -30,8 +30,8 @@ public:
     /// Opens the question over `parent`'s window; `confirmed` runs after the destructive button only.
     static ConfirmDialog* ask(QWidget& parent, const Question& question, std::function<void()> confirmed);
 
-    Button* actionButton() const;
-    Button* cancelButton() const;
+    [[nodiscard]] Button* actionButton() const;
+    [[nodiscard]] Button* cancelButton() const;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

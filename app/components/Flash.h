@@ -25,8 +25,8 @@ public:
     void hold(const QString& text);
     void clear();
 
-    bool isShowing() const;
-    QString text() const;
+    [[nodiscard]] bool isShowing() const;
+    [[nodiscard]] QString text() const;
 
 Q_SIGNALS:
     /// It appeared or went; for a page that shows a flash in the place of another text.

@@ -49,20 +49,20 @@ public:
     FlowLayout& operator=(const FlowLayout&) = delete;
 
     void addItem(QLayoutItem* item) override;
-    int count() const override;
-    QLayoutItem* itemAt(int index) const override;
+    [[nodiscard]] int count() const override;
+    [[nodiscard]] QLayoutItem* itemAt(int index) const override;
     QLayoutItem* takeAt(int index) override;
 
-    Qt::Orientations expandingDirections() const override;
-    bool hasHeightForWidth() const override;
-    int heightForWidth(int width) const override;
-    QSize sizeHint() const override;
-    QSize minimumSize() const override;
+    [[nodiscard]] Qt::Orientations expandingDirections() const override;
+    [[nodiscard]] bool hasHeightForWidth() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSize() const override;
     void setGeometry(const QRect& rect) override;
 
 private:
-    Flow measure(std::optional<double> width) const;
-    std::vector<QLayoutItem*> visibleItems() const;
+    [[nodiscard]] Flow measure(std::optional<double> width) const;
+    [[nodiscard]] std::vector<QLayoutItem*> visibleItems() const;
 
     QList<QLayoutItem*> m_items;
     int m_lineSpacing;

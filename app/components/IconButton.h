@@ -19,7 +19,7 @@ public:
     /// Shows a check mark in the colour of success.
     void setConfirming(bool confirming);
 
-    QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

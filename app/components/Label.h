@@ -26,8 +26,8 @@ public:
     /// Wraps at the label's width, lines `pixels` apart (0: the font's own spacing).
     void setWrapped(int pixels = 0);
 
-    bool hasHeightForWidth() const override;
-    int heightForWidth(int width) const override;
+    [[nodiscard]] bool hasHeightForWidth() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
     void changeEvent(QEvent* event) override;

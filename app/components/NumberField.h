@@ -28,7 +28,7 @@ public:
     /// out.
     NumberField(const QString& label, const QString& explanation, QWidget* parent = nullptr);
 
-    QString text() const;
+    [[nodiscard]] QString text() const;
 
     /// Sets the text without `textEdited`.
     void setText(const QString& text);
@@ -38,10 +38,10 @@ public:
     void setFieldWidth(int pixels);
 
     /// Whether "Not a number" is shown.
-    bool showsWarning() const;
+    [[nodiscard]] bool showsWarning() const;
 
     /// The field itself, for focus.
-    QLineEdit* field() const;
+    [[nodiscard]] QLineEdit* field() const;
 
 Q_SIGNALS:
     /// The person changed the text.

@@ -17,7 +17,7 @@ public:
     /// Appends an entry; `value` is what `currentData()` gives while it is chosen.
     void addEntry(const QString& name, const QString& second, const QString& value);
 
-    QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
     void showPopup() override;
 
 protected:

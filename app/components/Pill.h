@@ -12,9 +12,9 @@ class Pill : public QAbstractButton
 public:
     Pill(const PillTabs::Tab& tab, Module module, PillTabs& row);
 
-    const QString& value() const;
+    [[nodiscard]] const QString& value() const;
 
-    QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

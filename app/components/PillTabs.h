@@ -28,13 +28,13 @@ public:
     /// Starts with the first tab selected. `module` gives the fill.
     PillTabs(const std::vector<Tab>& tabs, Module module, QWidget* parent = nullptr);
 
-    QString selection() const;
+    [[nodiscard]] QString selection() const;
 
     /// Selects the tab with this value without a signal; an unknown value changes nothing.
     void setSelection(const QString& value);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     /// The person chose another tab.

@@ -17,11 +17,11 @@ public:
 
     Switch(const QString& label, const QString& caption, QWidget* parent = nullptr);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
-    bool hitButton(const QPoint& position) const override;
+    [[nodiscard]] bool hitButton(const QPoint& position) const override;
     void paintEvent(QPaintEvent* event) override;
 };
 

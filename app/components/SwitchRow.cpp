@@ -16,12 +16,12 @@ class TrackItem final : public QWidgetItem
 public:
     using QWidgetItem::QWidgetItem;
 
-    QSize sizeHint() const override
+    [[nodiscard]] QSize sizeHint() const override
     {
         return widget()->sizeHint() - QSize(2 * Switch::margin, 2 * Switch::margin);
     }
-    QSize minimumSize() const override { return sizeHint(); }
-    QSize maximumSize() const override { return sizeHint(); }
+    [[nodiscard]] QSize minimumSize() const override { return sizeHint(); }
+    [[nodiscard]] QSize maximumSize() const override { return sizeHint(); }
     void setGeometry(const QRect& rect) override
     {
         QRect place(QPoint(), widget()->sizeHint());

@@ -14,7 +14,7 @@ class SwitchRow final : public QHBoxLayout
 public:
     SwitchRow(const QString& label, const QString& caption, QWidget* card);
 
-    Switch* control() const { return m_switch; }
+    [[nodiscard]] Switch* control() const { return m_switch; }
 
 private:
     Switch* m_switch;

@@ -25,7 +25,7 @@ public:
     void ask();
 
     /// The last answer; no preference until there is one.
-    ColorScheme colorScheme() const;
+    [[nodiscard]] ColorScheme colorScheme() const;
 
 Q_SIGNALS:
     void colorSchemeChanged();

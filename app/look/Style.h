@@ -14,17 +14,18 @@ class Style : public QProxyStyle
 public:
     Style();
 
-    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* returnData) const override;
-    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
-                           const QWidget* widget) const override;
-    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl subControl,
-                         const QWidget* widget) const override;
-    QRect subElementRect(SubElement element, const QStyleOption* option,
-                         const QWidget* widget) const override;
-    QIcon standardIcon(StandardPixmap pixmap, const QStyleOption* option,
-                       const QWidget* widget) const override;
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                  const QWidget* widget) const override;
+    [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                QStyleHintReturn* returnData) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                         const QWidget* widget) const override;
+    [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                       SubControl subControl, const QWidget* widget) const override;
+    [[nodiscard]] QRect subElementRect(SubElement element, const QStyleOption* option,
+                                       const QWidget* widget) const override;
+    [[nodiscard]] QIcon standardIcon(StandardPixmap pixmap, const QStyleOption* option,
+                                     const QWidget* widget) const override;
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;

@@ -31,7 +31,7 @@ public:
         return Symbols::pixmap(m_name, std::min(size.width(), size.height()), Theme::color(token), 1);
     }
 
-    QIconEngine* clone() const override { return new SymbolIconEngine(*this); }
+    [[nodiscard]] QIconEngine* clone() const override { return new SymbolIconEngine(*this); }
 
 private:
     std::string m_name;

@@ -32,7 +32,10 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&tabs));
     }
 
-    QAbstractButton& pill(int index) const { return *tabs.findChildren<QAbstractButton*>().at(index); }
+    [[nodiscard]] QAbstractButton& pill(int index) const
+    {
+        return *tabs.findChildren<QAbstractButton*>().at(index);
+    }
 
     PillTabs tabs {{{QStringLiteral("compare"), QStringLiteral("X is what % of Y"), "pie-slice"},
                     {QStringLiteral("both"), QStringLiteral("This & that"), "percent"},

@@ -16,12 +16,12 @@ public:
     ~StandInPortal() override;
 
     /// Whether the bus runs and the portal has its name.
-    bool isReady() const;
+    [[nodiscard]] bool isReady() const;
 
     /// Changes the setting and tells everybody, as a portal does.
     void setColorScheme(unsigned colorScheme);
 
-    QString introspect(const QString& path) const override;
+    [[nodiscard]] QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
