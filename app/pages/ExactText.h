@@ -42,17 +42,17 @@ public:
     void replaceAll(QStringView shown);
 
     /// The whole text, or the part between two positions of the document.
-    QString text() const { return text(0, size() - 1); }
-    QString text(qsizetype from, qsizetype to) const;
+    [[nodiscard]] QString text() const { return text(0, size() - 1); }
+    [[nodiscard]] QString text(qsizetype from, qsizetype to) const;
 
     /// As many characters as the document has, with its last break.
-    qsizetype size() const { return m_shown.size(); }
+    [[nodiscard]] qsizetype size() const { return m_shown.size(); }
 
     /// Whether the break at this position is there for show only, between two pieces of one line.
-    bool isBetweenPieces(qsizetype position) const;
+    [[nodiscard]] bool isBetweenPieces(qsizetype position) const;
 
     /// Sum of the letters' votes on the direction.
-    std::int64_t directionVotes() const { return m_votes; }
+    [[nodiscard]] std::int64_t directionVotes() const { return m_votes; }
 
 private:
     /// What a break stands for, where that is not a line feed.
@@ -80,7 +80,7 @@ private:
     static QString forDocument(const QString& shown);
     static std::int64_t votesOf(QStringView shown);
     static QStringView written(Kind kind);
-    const Stretch* remembered(QStringView shown) const;
+    [[nodiscard]] const Stretch* remembered(QStringView shown) const;
     void remember(Stretch stretch);
     std::vector<Break>::iterator breakFrom(qsizetype position);
 

@@ -44,11 +44,11 @@ public:
 
     explicit NoteDraft(Note note);
 
-    const Note& note() const { return m_note; }
-    bool canUndo() const { return !m_past.empty(); }
-    bool canRedo() const { return !m_future.empty(); }
+    [[nodiscard]] const Note& note() const { return m_note; }
+    [[nodiscard]] bool canUndo() const { return !m_past.empty(); }
+    [[nodiscard]] bool canRedo() const { return !m_future.empty(); }
     /// The only paragraph stays.
-    bool canRemove() const { return m_note.blocks.size() > 1; }
+    [[nodiscard]] bool canRemove() const { return m_note.blocks.size() > 1; }
 
     /// Takes over what was typed into a paragraph; true when that changes the note.
     bool update(const ParagraphKey& key, std::string_view text, Instant now);

@@ -21,10 +21,10 @@ class NoteEditorPane final : public Card
 public:
     NoteEditorPane(Clock& clock, QWidget* parent = nullptr);
 
-    ParagraphColumn* paragraphs() const { return m_paragraphs; }
-    Button* addButton() const { return m_add; }
-    Flash* message() const { return m_flash; }
-    Label* words() const { return m_words; }
+    [[nodiscard]] ParagraphColumn* paragraphs() const { return m_paragraphs; }
+    [[nodiscard]] Button* addButton() const { return m_add; }
+    [[nodiscard]] Flash* message() const { return m_flash; }
+    [[nodiscard]] Label* words() const { return m_words; }
 
     /// Shows the note with the paragraphs that it has now; nothing for none.
     void show(const Note* note);

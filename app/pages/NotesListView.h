@@ -21,8 +21,8 @@ public:
 
     explicit NotesListView(QWidget* parent = nullptr);
 
-    NoteListModel& model() const { return *m_model; }
-    QListView* list() const { return m_list; }
+    [[nodiscard]] NoteListModel& model() const { return *m_model; }
+    [[nodiscard]] QListView* list() const { return m_list; }
 
     /// Selects a note's row, without opening the note.
     void select(std::optional<std::int64_t> noteId);

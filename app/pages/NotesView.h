@@ -38,13 +38,13 @@ public:
     explicit NotesView(AppModel& model, QWidget* parent = nullptr);
     ~NotesView() override;
 
-    const std::vector<Note>& notes() const;
-    std::optional<std::int64_t> selectedID() const;
-    const std::optional<NoteDraft>& draft() const { return m_draft; }
+    [[nodiscard]] const std::vector<Note>& notes() const;
+    [[nodiscard]] std::optional<std::int64_t> selectedID() const;
+    [[nodiscard]] const std::optional<NoteDraft>& draft() const { return m_draft; }
 
-    NotesToolbar* toolbar() const { return m_toolbar; }
-    NotesListView* list() const { return m_list; }
-    NoteEditorPane* pane() const { return m_pane; }
+    [[nodiscard]] NotesToolbar* toolbar() const { return m_toolbar; }
+    [[nodiscard]] NotesListView* list() const { return m_list; }
+    [[nodiscard]] NoteEditorPane* pane() const { return m_pane; }
 
     /// Reads the list anew for the present search, saving first.
     void load(OnReload onReload);
@@ -89,7 +89,7 @@ private:
     void draftChanged();
     void showDraft();
     void step(bool (NoteDraft::*direction)(), const QString& message);
-    Instant now() const;
+    [[nodiscard]] Instant now() const;
 
     AppModel& m_model;
     NotesToolbar* m_toolbar;

@@ -38,13 +38,13 @@ public:
     void focusParagraph(std::size_t at);
 
     /// The place of the paragraph that has the focus, its remove control included.
-    std::optional<std::size_t> focusedParagraph() const;
+    [[nodiscard]] std::optional<std::size_t> focusedParagraph() const;
 
     /// The widget after which Tab goes to the first paragraph.
     void setTabPredecessor(QWidget* widget) { m_tabPredecessor = widget; }
 
     /// Editors in the order of their rows; those that have not been made yet are left out.
-    std::vector<TextBlockEditor*> editors() const;
+    [[nodiscard]] std::vector<TextBlockEditor*> editors() const;
 
 Q_SIGNALS:
     void published(std::int64_t noteId, const zelta::ParagraphKey& key, const std::string& text);
@@ -70,10 +70,10 @@ private:
     void measureRows();
     bool makeEditorsInSight();
     void chainTabs();
-    int rowWidth() const;
-    int estimatedHeight(const std::string& text) const;
+    [[nodiscard]] int rowWidth() const;
+    [[nodiscard]] int estimatedHeight(const std::string& text) const;
     std::optional<std::size_t> placeOf(const TextBlockEditor* editor) const;
-    std::optional<std::size_t> firstInSight() const;
+    [[nodiscard]] std::optional<std::size_t> firstInSight() const;
 
     Clock& m_clock;
     QWidget* m_content;

@@ -27,22 +27,22 @@ public:
     bool layOut(qreal top, qreal bottom);
 
     /// Height of the lines with the insets, in whole pixels.
-    int height() const;
+    [[nodiscard]] int height() const;
 
     void draw(QPainter* painter, const PaintContext& context) override;
-    int hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const override;
-    int pageCount() const override { return 1; }
-    QSizeF documentSize() const override;
+    [[nodiscard]] int hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const override;
+    [[nodiscard]] int pageCount() const override { return 1; }
+    [[nodiscard]] QSizeF documentSize() const override;
     QRectF frameBoundingRect(QTextFrame* frame) const override;
-    QRectF blockBoundingRect(const QTextBlock& block) const override;
+    [[nodiscard]] QRectF blockBoundingRect(const QTextBlock& block) const override;
 
 protected:
     void documentChanged(int from, int charsRemoved, int charsAdded) override;
 
 private:
-    qreal lineWidth() const;
+    [[nodiscard]] qreal lineWidth() const;
     void ensureLaidOut(const QTextBlock& block) const;
-    int estimatedHeight(const QTextBlock& block) const;
+    [[nodiscard]] int estimatedHeight(const QTextBlock& block) const;
     void announceHeight();
     void drawBlock(QPainter& painter, const PaintContext& context, const QTextBlock& block,
                    const QPointF& origin) const;

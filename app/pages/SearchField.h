@@ -14,10 +14,10 @@ class SearchField final : public QLineEdit
 public:
     explicit SearchField(const QString& placeholder, QWidget* parent = nullptr);
 
-    IconButton* clearButton() const { return m_clear; }
+    [[nodiscard]] IconButton* clearButton() const { return m_clear; }
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -23,7 +23,7 @@ public:
     }
 
     /// Zero when the next search may run at once.
-    std::chrono::milliseconds wait() const { return m_wait; }
+    [[nodiscard]] std::chrono::milliseconds wait() const { return m_wait; }
 
 private:
     std::chrono::milliseconds m_wait {};

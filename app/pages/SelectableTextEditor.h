@@ -19,18 +19,18 @@ public:
     explicit SelectableTextEditor(QWidget* parent = nullptr);
 
     /// The text, to the character: no-break spaces, carriage returns and line separators included.
-    QString text() const { return m_text.text(); }
+    [[nodiscard]] QString text() const { return m_text.text(); }
 
     /// Puts another text in. The caret stays where it is, or goes to the end of a shorter text.
     void setText(const QString& text);
 
-    TextDirection direction() const { return m_direction; }
+    [[nodiscard]] TextDirection direction() const { return m_direction; }
 
     /// Height of the text with its insets at the present width.
-    int textHeight() const;
+    [[nodiscard]] int textHeight() const;
 
     /// Where the lines begin and how high they are, as far as they are laid out.
-    QRect linesRect() const;
+    [[nodiscard]] QRect linesRect() const;
 
 Q_SIGNALS:
     /// A person has changed the text.
@@ -43,7 +43,7 @@ Q_SIGNALS:
 
 protected:
     bool canInsertFromMimeData(const QMimeData* source) const override;
-    QMimeData* createMimeDataFromSelection() const override;
+    [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

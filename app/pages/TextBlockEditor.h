@@ -25,8 +25,8 @@ public:
 
     explicit TextBlockEditor(Clock& clock, QWidget* parent = nullptr);
 
-    SelectableTextEditor* editor() const { return m_editor; }
-    IconButton* removeButton() const { return m_remove; }
+    [[nodiscard]] SelectableTextEditor* editor() const { return m_editor; }
+    [[nodiscard]] IconButton* removeButton() const { return m_remove; }
 
     /// The paragraph's text as the page has it. A text that is new to the row replaces what the row shows.
     void setValue(std::string_view value);
@@ -37,7 +37,7 @@ public:
     void setPlace(std::ptrdiff_t place);
 
     /// Height of the text at the present width, but at least the minimum.
-    int preferredHeight() const;
+    [[nodiscard]] int preferredHeight() const;
 
     /// Hands on what was typed and has not been handed on yet.
     void publishNow();
