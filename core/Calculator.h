@@ -31,7 +31,7 @@ public:
         Decimal result;
 
         /// The result as the tape shows it: 10 places, grouped.
-        std::string resultText() const;
+        [[nodiscard]] std::string resultText() const;
         friend bool operator==(const TapeEntry&, const TapeEntry&) = default;
     };
 
@@ -48,15 +48,15 @@ public:
     static std::optional<Decimal> apply(const Decimal& lhs, Operation operation, const Decimal& rhs);
 
     /// The number being typed, else the last result or operand.
-    Decimal value() const;
+    [[nodiscard]] Decimal value() const;
     /// What the display shows: the error text, the number being typed, or `value`.
-    std::string display() const;
+    [[nodiscard]] std::string display() const;
     /// The line above the display: "1,200 ×" while an operation is pending, else empty.
-    std::string expression() const;
+    [[nodiscard]] std::string expression() const;
     /// After a division by zero only digits, point, backspace and the clearing and loading keys do anything.
-    bool hasError() const { return m_error; }
+    [[nodiscard]] bool hasError() const { return m_error; }
     /// Newest first, at most 40.
-    const std::deque<TapeEntry>& tape() const { return m_tape; }
+    [[nodiscard]] const std::deque<TapeEntry>& tape() const { return m_tape; }
 
     void digit(int d); ///< [0:9]; anything else is ignored, and so is a digit too many.
     void decimalPoint();

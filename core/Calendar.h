@@ -26,21 +26,21 @@ public:
     explicit Calendar(std::string_view timeZoneIdentifier);
 
     /// The zone in force: "Europe/Paris".
-    const std::string& timeZoneIdentifier() const { return m_timeZoneIdentifier; }
+    [[nodiscard]] const std::string& timeZoneIdentifier() const { return m_timeZoneIdentifier; }
 
-    CivilTime civilTime(Instant instant) const;
-    CivilDay civilDay(Instant instant) const { return civilTime(instant).day; }
+    [[nodiscard]] CivilTime civilTime(Instant instant) const;
+    [[nodiscard]] CivilDay civilDay(Instant instant) const { return civilTime(instant).day; }
 
     /// The instant with this civil time; nothing when it was skipped.
-    std::optional<Instant> instant(const CivilTime& time) const;
+    [[nodiscard]] std::optional<Instant> instant(const CivilTime& time) const;
     /// As above, but a skipped time gives the first moment after the jump if that is still on the same day.
-    std::optional<Instant> instantOrAfterJump(const CivilTime& time) const;
+    [[nodiscard]] std::optional<Instant> instantOrAfterJump(const CivilTime& time) const;
 
     /// The first moment of the instant's civil day: midnight, or later where midnight was skipped.
-    Instant startOfDay(Instant instant) const;
+    [[nodiscard]] Instant startOfDay(Instant instant) const;
 
     /// The same time on the wall so many days later; nothing when the zone skipped that whole day.
-    std::optional<Instant> addingDays(Instant instant, std::int64_t count) const;
+    [[nodiscard]] std::optional<Instant> addingDays(Instant instant, std::int64_t count) const;
 
     friend bool operator==(const Calendar& a, const Calendar& b)
     {

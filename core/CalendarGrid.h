@@ -32,7 +32,7 @@ struct WeekRow
     std::vector<DayCell> days;
 
     /// The key of the first day; the week's number for a row without days.
-    std::string id() const;
+    [[nodiscard]] std::string id() const;
 
     friend bool operator==(const WeekRow&, const WeekRow&) = default;
 };

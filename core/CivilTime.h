@@ -17,13 +17,13 @@ struct CivilDay
     int day = 1; ///< [1, 31]
 
     /// 1 = Sunday to 7 = Saturday.
-    int weekday() const;
+    [[nodiscard]] int weekday() const;
     /// Number of the ISO 8601 week, [1, 53]: weeks begin on Monday, week 1 holds the year's first Thursday.
-    int isoWeek() const;
+    [[nodiscard]] int isoWeek() const;
 
-    CivilDay addingDays(std::int64_t count) const;
+    [[nodiscard]] CivilDay addingDays(std::int64_t count) const;
     /// Keeps the day of the month where the target month has it, else takes that month's last day.
-    CivilDay addingMonths(std::int64_t count) const;
+    [[nodiscard]] CivilDay addingMonths(std::int64_t count) const;
 
     friend auto operator<=>(const CivilDay&, const CivilDay&) = default;
 };

@@ -38,11 +38,11 @@ struct Duration
     std::int64_t elapsedSeconds = 0; ///< Real time from `start` to `effectiveEnd`.
 
     /// The real time is not a multiple of 24 hours for each day: the clocks were changed.
-    bool hasDSTShift() const;
+    [[nodiscard]] bool hasDSTShift() const;
     /// "1 year, 2 months, 3 days"; "0 days" for an empty span.
-    std::string calendarPhrase() const;
+    [[nodiscard]] std::string calendarPhrase() const;
     /// The span as the page shows it, in order.
-    std::vector<ResultRow> rows() const;
+    [[nodiscard]] std::vector<ResultRow> rows() const;
 
     friend bool operator==(const Duration&, const Duration&) = default;
 };

@@ -14,7 +14,7 @@ struct DateOptions
     WeekendRule weekendRule = WeekendRule::satSun();
     std::string timeZoneIdentifier; ///< "Europe/Paris"; an unknown one means the system's zone.
 
-    Calendar calendar() const { return Calendar(timeZoneIdentifier); }
+    [[nodiscard]] Calendar calendar() const { return Calendar(timeZoneIdentifier); }
 
     friend bool operator==(const DateOptions&, const DateOptions&) = default;
 };

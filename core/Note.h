@@ -18,7 +18,7 @@ struct NoteBlock
     std::string text; ///< UTF-8.
 
     /// Nothing but white space and line breaks.
-    bool isEmpty() const;
+    [[nodiscard]] bool isEmpty() const;
 
     friend bool operator==(const NoteBlock&, const NoteBlock&) = default;
 };
@@ -34,24 +34,24 @@ struct Note
     Note(std::int64_t rowId, std::vector<NoteBlock> paragraphs, Instant created, Instant updated);
 
     /// The first line that is not blank, trimmed; "New Note" where there is none.
-    std::string title() const;
+    [[nodiscard]] std::string title() const;
 
     /// The second line that is not blank, in the same block or a later one, trimmed; "No additional text"
     /// where there is none.
-    std::string preview() const;
+    [[nodiscard]] std::string preview() const;
 
     /// The blocks' texts as they are, with a blank line between two.
-    std::string plainText() const;
+    [[nodiscard]] std::string plainText() const;
 
     /// Number of pieces of the plain text between white space.
-    std::int64_t wordCount() const;
+    [[nodiscard]] std::int64_t wordCount() const;
 
     /// What a search looks through: title, line feed, plain text, in lower case.
-    std::string searchText() const;
+    [[nodiscard]] std::string searchText() const;
 
     /// The blocks as they are stored: compact JSON, `[{"id":"6F1C…","text":"milk\nbread"}]`. Ill-formed UTF-8
     /// comes out as U+FFFD, since JSON cannot carry it.
-    std::string encodedBlocks() const;
+    [[nodiscard]] std::string encodedBlocks() const;
 
     /// Reads what `encodedBlocks` wrote, or any RFC 8259 array of at least one object with a string "id" that
     /// is a UUID and a string "text", in any order and beside any other members. Every other text becomes one

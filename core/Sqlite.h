@@ -20,7 +20,7 @@ struct StoreError
     Kind kind;
     std::string message; ///< The engine's own text.
 
-    std::string description() const;
+    [[nodiscard]] std::string description() const;
 };
 
 /// What one step of a statement gave.
@@ -40,9 +40,9 @@ public:
 
     /// Columns of the current row, to be read while the connection is locked. A NULL reads as "", 0 or 0.0.
     /// The text lives until the next step.
-    std::string_view text(int column) const;
-    std::int64_t integer(int column) const;
-    double real(int column) const;
+    [[nodiscard]] std::string_view text(int column) const;
+    [[nodiscard]] std::int64_t integer(int column) const;
+    [[nodiscard]] double real(int column) const;
 
 private:
     friend class Connection;
@@ -82,8 +82,8 @@ public:
     void lock();
     void unlock();
 
-    std::int64_t lastInsertedRowId() const; ///< 0 without a handle.
-    std::string errorMessage() const; ///< Of the most recent failure; empty without a handle.
+    [[nodiscard]] std::int64_t lastInsertedRowId() const; ///< 0 without a handle.
+    [[nodiscard]] std::string errorMessage() const; ///< Of the most recent failure; empty without a handle.
 
 private:
     struct Close

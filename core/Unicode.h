@@ -49,7 +49,7 @@ public:
         }
 
         /// Where this code point starts in the text, in bytes; the text's size at the end.
-        std::size_t offset() const { return m_begin; }
+        [[nodiscard]] std::size_t offset() const { return m_begin; }
 
         friend bool operator==(const Iterator& a, const Iterator& b) { return a.m_begin == b.m_begin; }
 
@@ -73,8 +73,8 @@ public:
         : m_text(text)
     { }
 
-    Iterator begin() const { return {m_text, 0}; }
-    Iterator end() const { return {m_text, m_text.size()}; }
+    [[nodiscard]] Iterator begin() const { return {m_text, 0}; }
+    [[nodiscard]] Iterator end() const { return {m_text, m_text.size()}; }
 
 private:
     std::string_view m_text;

@@ -27,9 +27,9 @@ public:
     static std::optional<Uuid> fromText(std::string_view text);
 
     /// The canonical 36-character form, upper case.
-    std::string text() const;
+    [[nodiscard]] std::string text() const;
 
-    std::size_t hash() const
+    [[nodiscard]] std::size_t hash() const
     {
         std::size_t start = 0;
         std::memcpy(&start, m_bytes.data(), sizeof start);

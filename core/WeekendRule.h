@@ -31,13 +31,13 @@ struct WeekendRule
     /// The rule of the preset with exactly this id; Saturday and Sunday for an unknown one.
     static WeekendRule forPresetId(std::string_view id);
 
-    bool isWeekend(int weekday) const { return days.contains(weekday); }
+    [[nodiscard]] bool isWeekend(int weekday) const { return days.contains(weekday); }
 
     /// How many of the seven weekdays are weekend days.
-    int daysPerWeek() const;
+    [[nodiscard]] int daysPerWeek() const;
 
     /// English abbreviations from Sunday on: "Sun + Sat", or "No weekend" for an empty rule.
-    std::string summary() const;
+    [[nodiscard]] std::string summary() const;
 
     friend bool operator==(const WeekendRule&, const WeekendRule&) = default;
 };

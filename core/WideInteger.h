@@ -100,7 +100,7 @@ public:
     { }
 
     /// The quotient fits 128 bits: the dividend's high half is below the divisor.
-    constexpr WideQuotient divide(UInt256 dividend) const
+    [[nodiscard]] constexpr WideQuotient divide(UInt256 dividend) const
     {
         if (m_shift > 0)
             dividend
@@ -155,7 +155,7 @@ private:
     }
 
     /// One 64-bit digit: (upper × 2^64 + next) / divisor, where upper is below the divisor.
-    constexpr WideQuotient divideStep(UInt128 upper, std::uint64_t next) const
+    [[nodiscard]] constexpr WideQuotient divideStep(UInt128 upper, std::uint64_t next) const
     {
         const UInt128 q = UInt128 {m_reciprocal} * highHalf(upper) + upper;
         std::uint64_t digit = highHalf(q);

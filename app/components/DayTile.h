@@ -20,10 +20,10 @@ public:
 
     /// Shows a day. The calendar is the one the cell was made in.
     void setCell(const DayCell& cell, const Calendar& calendar);
-    const DayCell& cell() const { return m_cell; }
+    [[nodiscard]] const DayCell& cell() const { return m_cell; }
 
     void setSelected(bool selected);
-    bool isSelected() const { return m_selected; }
+    [[nodiscard]] bool isSelected() const { return m_selected; }
 
 Q_SIGNALS:
     /// The person asks by key for the day so many days away from this one.
@@ -37,7 +37,7 @@ protected:
 private:
     void paintPageTile(QPainter& painter) const;
     void paintPickerDay(QPainter& painter) const;
-    int daysForKey(const QKeyEvent& event) const;
+    [[nodiscard]] int daysForKey(const QKeyEvent& event) const;
 
     Look m_look;
     DayCell m_cell;

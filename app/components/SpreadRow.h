@@ -17,7 +17,7 @@ public:
     SpreadRow(QWidget* first, QWidget* second, QWidget* parent = nullptr);
 
     /// That of the narrowest arrangement, whichever is in force.
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     bool event(QEvent* event) override;

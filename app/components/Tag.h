@@ -26,8 +26,8 @@ public:
     /// `opacity` is that of the fill, 1 for a fill that is given as it is painted.
     void setColors(Theme::Token ink, Theme::Token fill, double opacity = 1);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

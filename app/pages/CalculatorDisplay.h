@@ -20,10 +20,10 @@ public:
     explicit CalculatorDisplay(QWidget* parent = nullptr);
 
     void setTexts(const QString& expression, const QString& number);
-    const QString& number() const { return m_number; }
+    [[nodiscard]] const QString& number() const { return m_number; }
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     void copyRequested();

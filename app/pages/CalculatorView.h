@@ -25,7 +25,7 @@ class CalculatorView final : public QWidget
 public:
     explicit CalculatorView(AppModel& model, QWidget* parent = nullptr);
 
-    const Calculator& calculator() const { return m_calculator; }
+    [[nodiscard]] const Calculator& calculator() const { return m_calculator; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

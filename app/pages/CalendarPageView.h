@@ -27,7 +27,7 @@ class CalendarPageView final : public QWidget
 public:
     explicit CalendarPageView(AppModel& model, QWidget* parent = nullptr);
 
-    const MonthCursor& cursor() const { return m_cursor; }
+    [[nodiscard]] const MonthCursor& cursor() const { return m_cursor; }
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -40,7 +40,7 @@ private:
     QWidget* makeSelectedDayCard();
     std::function<void()> actionForKey(const QKeyEvent& event);
 
-    DateOptions options() const;
+    [[nodiscard]] DateOptions options() const;
     void step(int months);
     void goToToday();
     void select(Instant day);

@@ -35,7 +35,7 @@ struct DateFields
 
     /// Each text is a whole number in ASCII digits, with or without a sign and white space around it, and the
     /// year as typed has four characters; otherwise the entry is unfinished.
-    Entry read(const Calendar& calendar) const;
+    [[nodiscard]] Entry read(const Calendar& calendar) const;
 
     friend bool operator==(const DateFields&, const DateFields&) = default;
 };

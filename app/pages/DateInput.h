@@ -26,7 +26,7 @@ public:
     DateInput(const QString& name, AppModel& model, QWidget* parent = nullptr);
 
     /// The date in force: the last real one.
-    Instant date() const { return m_date; }
+    [[nodiscard]] Instant date() const { return m_date; }
 
     /// Sets the date without a signal and writes it into the fields.
     void setDate(Instant date);

@@ -38,7 +38,7 @@ protected:
 
 private:
     QLayout* makeHead();
-    DateOptions options() const;
+    [[nodiscard]] DateOptions options() const;
     void change(const std::function<void(MonthCursor&)>& move);
     void moveByMonth(int months);
     void step(int months);

@@ -138,7 +138,7 @@ void HistoryCard::paintEvent(QPaintEvent* /*event*/)
 
 void HistoryCard::resizeEvent(QResizeEvent* /*event*/)
 {
-    place(width(), true);
+    static_cast<void>(place(width(), true));
 }
 
 void HistoryCard::toggleDetail()
@@ -151,7 +151,7 @@ void HistoryCard::toggleDetail()
     m_detail->setVisible(shows);
     m_toggle->setLabel(shows ? QStringLiteral("Hide details") : QStringLiteral("Show details"));
     m_toggle->setSymbol(shows ? "chevron-up" : "chevron-down");
-    place(width(), true);
+    static_cast<void>(place(width(), true));
     Q_EMIT heightChanged();
     update();
 }

@@ -25,21 +25,21 @@ public:
 
     HistoryCard(const HistoryEntry& entry, const QString& time, QWidget* parent);
 
-    const HistoryEntry& entry() const;
+    [[nodiscard]] const HistoryEntry& entry() const;
 
     /// "Tue, 10 Mar 2026 · 4:32 PM", in the user's present zone and clock format.
     void setTime(const QString& time);
 
     /// Shows the copy button as a check mark.
     void setCopied(bool copied);
-    bool isCopied() const { return m_isCopied; }
+    [[nodiscard]] bool isCopied() const { return m_isCopied; }
 
     /// The card's controls in the order of the Tab key.
-    std::vector<QWidget*> controls() const;
-    IconButton* deleteButton() const;
+    [[nodiscard]] std::vector<QWidget*> controls() const;
+    [[nodiscard]] IconButton* deleteButton() const;
 
-    bool hasHeightForWidth() const override;
-    int heightForWidth(int width) const override;
+    [[nodiscard]] bool hasHeightForWidth() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 Q_SIGNALS:
     void copyRequested();
@@ -54,7 +54,7 @@ protected:
 
 private:
     void toggleDetail();
-    int place(int width, bool move) const;
+    [[nodiscard]] int place(int width, bool move) const;
 
     HistoryEntry m_entry;
     Label* m_title;

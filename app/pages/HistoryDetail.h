@@ -13,8 +13,8 @@ class HistoryDetail : public QTextEdit
 public:
     HistoryDetail(const QString& text, QWidget* parent);
 
-    bool hasHeightForWidth() const override;
-    int heightForWidth(int width) const override;
+    [[nodiscard]] bool hasHeightForWidth() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

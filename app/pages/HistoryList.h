@@ -33,7 +33,7 @@ public:
     void rest(const QRect& seen);
 
     /// The card of an entry; null when it is not made yet or there is none.
-    HistoryCard* card(std::int64_t id) const;
+    [[nodiscard]] HistoryCard* card(std::int64_t id) const;
 
 Q_SIGNALS:
     void copyRequested(const HistoryEntry& entry);

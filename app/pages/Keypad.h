@@ -16,10 +16,10 @@ class KeypadKey final : public QPushButton
 public:
     explicit KeypadKey(const CalculatorKey& key, QWidget* parent = nullptr);
 
-    const CalculatorKey& key() const { return m_key; }
+    [[nodiscard]] const CalculatorKey& key() const { return m_key; }
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

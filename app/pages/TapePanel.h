@@ -28,13 +28,13 @@ public:
     explicit TapeLine(QWidget* parent = nullptr);
 
     void setEntry(const Calculator::TapeEntry& entry);
-    const Calculator::TapeEntry& entry() const { return m_entry; }
+    [[nodiscard]] const Calculator::TapeEntry& entry() const { return m_entry; }
 
     /// The texts keep this width when a scroll bar narrows the line.
     void setTextWidth(int pixels);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -71,7 +71,7 @@ private:
     TapeLine* makeLine();
     void copyTape();
     void fitLines();
-    std::size_t shownLines() const;
+    [[nodiscard]] std::size_t shownLines() const;
 
     Label* m_empty;
     QScrollArea* m_area = nullptr;

@@ -67,7 +67,7 @@ struct NotesStage
     }
 
     /// The paragraphs as they are shown.
-    Texts shown() const
+    [[nodiscard]] Texts shown() const
     {
         Texts texts;
         for (const TextBlockEditor* row : rows())
@@ -75,7 +75,7 @@ struct NotesStage
         return texts;
     }
 
-    std::vector<TextBlockEditor*> rows() const { return page->pane()->paragraphs()->editors(); }
+    [[nodiscard]] std::vector<TextBlockEditor*> rows() const { return page->pane()->paragraphs()->editors(); }
 
     void type(std::size_t paragraph, const QString& text) const
     {
@@ -89,11 +89,11 @@ struct NotesStage
     }
 
     void search(const QString& text) const { page->toolbar()->search->setText(text); }
-    std::string flash() const { return toUtf8(page->pane()->message()->text()); }
-    std::string words() const { return toUtf8(page->pane()->words()->text()); }
+    [[nodiscard]] std::string flash() const { return toUtf8(page->pane()->message()->text()); }
+    [[nodiscard]] std::string words() const { return toUtf8(page->pane()->words()->text()); }
 
     /// The list's rows from top to bottom: headings and titles.
-    Texts listed() const
+    [[nodiscard]] Texts listed() const
     {
         Texts texts;
         const NoteListModel& model = page->list()->model();
@@ -103,7 +103,7 @@ struct NotesStage
     }
 
     /// A text that is somewhere on the page and visible.
-    bool shows(const QString& text) const
+    [[nodiscard]] bool shows(const QString& text) const
     {
         for (const QLabel* label : page->findChildren<QLabel*>()) {
             if (label->isVisible() && label->text() == text)
