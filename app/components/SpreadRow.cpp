@@ -34,7 +34,11 @@ bool SpreadRow::event(QEvent* event)
 void SpreadRow::arrange()
 {
     const bool fits = width() >= m_first->sizeHint().width() + gap + m_second->sizeHint().width();
-    m_layout->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    const auto direction = fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
+    // Each change of the layout asks for another arrangement: without this check it would never come to rest.
+    if (m_layout->direction() == direction)
+        return;
+    m_layout->setDirection(direction);
     m_layout->setAlignment(m_second, (fits ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 

@@ -146,6 +146,41 @@ TEST_F(ShellTest, WalkingTheSidebarByKeyboardStaysThere)
     EXPECT_EQ(QApplication::focusWidget(), row(Module::duration));
 }
 
+/// Counts how often any widget is asked to lay itself out.
+struct LayoutRequests final : QObject
+{
+    int count = 0;
+
+    LayoutRequests() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        count += event->type() == QEvent::LayoutRequest ? 1 : 0;
+        return false;
+    }
+};
+
+TEST_F(ShellTest, EveryPageComesToRest)
+{
+    show();
+    LayoutRequests requests;
+    for (const QSize size : {QSize(1120, 760), QSize(940, 620)}) {
+        window.resize(size);
+        for (const Module module : allCases<Module>()) {
+            test.model.setSelection(module);
+            const auto rests = [&requests] {
+                requests.count = 0;
+                QCoreApplication::processEvents();
+                return requests.count == 0;
+            };
+            bool rested = false;
+            for (int turn = 0; turn < 50 && !rested; ++turn)
+                rested = rests() && rests();
+            EXPECT_TRUE(rested) << title(module);
+        }
+    }
+}
+
 TEST_F(ShellTest, TheFooterAndTheSettingsSubtitleFollowTheSettings)
 {
     EXPECT_TRUE(labels().contains(QStringLiteral("Sun + Sat")));
