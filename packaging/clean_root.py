@@ -47,8 +47,11 @@ def use(root):
         app.go("Days Between")
         app.wait("Total days: 0 (end date not included)")
         assert app.end() == 0
+    except Exception:
+        print((screen.folder / "program.log").read_text())
+        raise
     finally:
-        root.run(["umount", inside])
+        root.run(["umount", "--lazy", inside])
         screen.close()
 
 

@@ -55,7 +55,8 @@ class Desktop:
         }
         number = self._answer(["Xvfb", "-displayfd", "{fd}", "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp", "-noreset"])
         self.environment["DISPLAY"] = f":{number}"
-        address = self._answer(["dbus-daemon", "--session", "--nofork", "--print-address={fd}"])
+        bus = f"--address=unix:path={runtime}/bus"  # below our folder, which a changed root can be given
+        address = self._answer(["dbus-daemon", "--session", "--nofork", "--print-address={fd}", bus])
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
         bus = ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus"]
         self.run(bus + ["org.a11y.Bus.GetAddress"])
