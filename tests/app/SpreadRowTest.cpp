@@ -34,7 +34,9 @@ struct Stage
     {
         window.resize(width, 200);
         EXPECT_TRUE(QTest::qWaitFor([this, width] { return row->width() == width; }));
-        QCoreApplication::sendPostedEvents();
+        // The row asks its column for another height, the column then lays the row out again: a few turns.
+        for (int turn = 0; turn < 5; ++turn)
+            QCoreApplication::sendPostedEvents();
     }
 };
 
