@@ -54,7 +54,10 @@ BlockReader::~BlockReader() = default;
 
 std::vector<NoteBlock> BlockReader::read(std::string_view stored)
 {
-    std::vector<NoteBlock> blocks = readBlocks(m_memory->parser, stored);
+    // Nothing at all is no JSON either, and the parser must not be given a null pointer to copy from.
+    std::vector<NoteBlock> blocks;
+    if (!stored.empty())
+        blocks = readBlocks(m_memory->parser, stored);
     if (blocks.empty())
         blocks.push_back({.id = Uuid::random(), .text = std::string(stored)});
     return blocks;
