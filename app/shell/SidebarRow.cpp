@@ -5,6 +5,7 @@
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
 
+#include <QEvent>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QTextLayout>
@@ -40,6 +41,7 @@ SidebarRow::SidebarRow(Module module, const QString& subtitle, QWidget* parent)
 void SidebarRow::setSubtitle(const QString& subtitle)
 {
     m_subtitle = subtitle;
+    m_brokenFor = -1;
     setAccessibleDescription(subtitle);
     updateGeometry();
     update();
@@ -62,6 +64,13 @@ int SidebarRow::heightForWidth(int width) const
     const int titleHeight = QFontMetrics(font()).height();
     const int lines = static_cast<int>(subtitleLines(width).size());
     return 2 * padding + std::max(badgeSize, titleHeight + subtitleGap + lines * subtitleLineHeight);
+}
+
+void SidebarRow::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        m_brokenFor = -1;
+    QRadioButton::changeEvent(event);
 }
 
 bool SidebarRow::hitButton(const QPoint& position) const
@@ -100,24 +109,28 @@ void SidebarRow::paintEvent(QPaintEvent* /*event*/)
     }
 }
 
-QStringList SidebarRow::subtitleLines(int width) const
+const QStringList& SidebarRow::subtitleLines(int width) const
 {
+    // Layouts ask for heights again and again, and breaking lines was two fifths of the start.
+    if (width == m_brokenFor)
+        return m_lines;
+    m_brokenFor = width;
+    m_lines.clear();
     const QFont noteFont = Theme::font(Theme::FontRole::note);
     const int available = width - textLeft - padding;
     QTextLayout layout(m_subtitle, noteFont);
-    QStringList lines;
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(available);
-        if (lines.size() == maxSubtitleLines - 1) {
-            lines << QFontMetrics(noteFont).elidedText(m_subtitle.mid(line.textStart()), Qt::ElideRight,
-                                                       available);
+        if (m_lines.size() == maxSubtitleLines - 1) {
+            m_lines << QFontMetrics(noteFont).elidedText(m_subtitle.mid(line.textStart()), Qt::ElideRight,
+                                                         available);
             break;
         }
-        lines << m_subtitle.mid(line.textStart(), line.textLength()).trimmed();
+        m_lines << m_subtitle.mid(line.textStart(), line.textLength()).trimmed();
     }
     layout.endLayout();
-    return lines;
+    return m_lines;
 }
 
 } // namespace zelta

@@ -24,14 +24,17 @@ public:
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
+    void changeEvent(QEvent* event) override;
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    [[nodiscard]] QStringList subtitleLines(int width) const;
+    [[nodiscard]] const QStringList& subtitleLines(int width) const;
 
     Module m_module;
     QString m_subtitle;
+    mutable QStringList m_lines; ///< The subtitle broken for the width below.
+    mutable int m_brokenFor = -1;
 };
 
 } // namespace zelta
