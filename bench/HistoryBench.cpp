@@ -12,15 +12,6 @@ namespace {
 
 using namespace zelta;
 
-QApplication& application()
-{
-    static int count = 1;
-    static char name[] = "history_bench";
-    static char* arguments[] = {name, nullptr};
-    static QApplication one(count, arguments);
-    return one;
-}
-
 test::TestModel& model()
 {
     static test::TestModel one;
@@ -38,7 +29,6 @@ test::TestModel& model()
 /// From nothing to the first picture.
 void open(benchmark::State& state)
 {
-    application();
     for (auto _ : state) {
         HistoryView view(model().model);
         view.resize(800, 700);
@@ -54,7 +44,6 @@ void open(benchmark::State& state)
 /// The longest time for which the window cannot answer while the other cards are made.
 void nextCards(benchmark::State& state)
 {
-    application();
     using namespace std::chrono_literals;
     HistoryView view(model().model);
     view.resize(800, 700);
@@ -69,7 +58,6 @@ void nextCards(benchmark::State& state)
 /// A page that was seen before and has all its cards.
 void openAgain(benchmark::State& state)
 {
-    application();
     using namespace std::chrono_literals;
     HistoryView view(model().model);
     view.resize(800, 700);

@@ -9,7 +9,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <memory>
 #include <string>
@@ -20,15 +20,6 @@ namespace {
 using namespace zelta;
 
 constexpr double frame = 1000.0 / 60;
-
-QApplication& application()
-{
-    static int count = 1;
-    static char name[] = "notes_bench";
-    static char* arguments[] = {name, nullptr};
-    static QApplication one(count, arguments);
-    return one;
-}
 
 /// A model whose database holds so many notes of 1 kB.
 test::TestModel& modelOf(int notes)
@@ -54,7 +45,6 @@ test::TestModel& modelOf(int notes)
 /// From nothing to the first picture.
 template <int notes> void open(benchmark::State& state)
 {
-    application();
     test::TestModel& model = modelOf(notes);
     for (auto _ : state) {
         auto page = std::make_unique<NotesView>(model.model);
@@ -70,7 +60,6 @@ template <int notes> void open(benchmark::State& state)
 /// A page that was seen before.
 void openAgain(benchmark::State& state)
 {
-    application();
     NotesView page(modelOf(1000).model);
     page.resize(800, 640);
     page.show();
@@ -103,7 +92,6 @@ enum class Place { begin, middle, end };
 /// One key into a note of 1 MB, until the changed part of the window is painted.
 void typeInto(benchmark::State& state, const std::vector<std::string>& paragraphs, Place place)
 {
-    application();
     test::TestModel model;
     std::vector<NoteBlock> blocks;
     for (const std::string& text : paragraphs)

@@ -31,6 +31,10 @@ std::vector<Line>& lines()
 class MedianReporter : public benchmark::ConsoleReporter
 {
 public:
+    MedianReporter()
+        : ConsoleReporter(OO_Tabular)
+    { }
+
     void ReportRuns(const std::vector<Run>& runs) override
     {
         ConsoleReporter::ReportRuns(runs);
@@ -84,9 +88,7 @@ TimeBudget::TimeBudget(std::string name, double milliseconds)
     lines().push_back({std::move(name), 1, milliseconds * 1e6});
 }
 
-} // namespace zelta::bench
-
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
     // What is given on the command line comes last and wins.
     std::vector<std::string> arguments
@@ -100,8 +102,10 @@ int main(int argc, char** argv)
     benchmark::Initialize(&count, pointers.data());
     if (benchmark::ReportUnrecognizedArguments(count, pointers.data()))
         return 2;
-    zelta::bench::MedianReporter reporter;
+    MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.report();
     return 0;
 }
+
+} // namespace zelta::bench

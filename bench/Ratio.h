@@ -32,4 +32,7 @@ public:
     TimeBudget(std::string name, double milliseconds);
 };
 
+/// Runs every benchmark that the arguments leave and prints the table and the lines. Returns the exit status.
+int run(int argc, char** argv);
+
 } // namespace zelta::bench
