@@ -5,8 +5,11 @@
 #include "app/shell/Lifetime.h"
 #include "app/shell/MainWindow.h"
 
+#include <fontconfig/fontconfig.h>
+
 #include <QApplication>
 #include <cstdio>
+#include <thread>
 
 namespace {
 
@@ -40,6 +43,9 @@ int main(int argc, char** argv)
         break;
     }
 
+    // Reading the font configuration and asking the X server take some milliseconds each, so they go side by
+    // side.
+    const std::jthread fonts([] { FcInit(); });
     int onlyTheName
         = argc > 0 ? 1 : 0; // The rest has been read; Qt has options of its own that are not ours.
     QApplication application(onlyTheName, argv);

@@ -2,11 +2,27 @@
 
 #include <QEvent>
 #include <QPainter>
-#include <QTextLayout>
+#include <QStyle>
 #include <QTextOption>
 #include <QtMath>
+#include <algorithm>
+#include <cmath>
 
 namespace zelta {
+
+namespace {
+
+constexpr double unlimited = QWIDGETSIZE_MAX;
+
+/// How far from the edge a text begins that leaves `room` free, in whole pixels of the screen, where it is
+/// sharp.
+double inset(double room, bool atEnd, bool centred, double scale)
+{
+    const double all = atEnd ? room : centred ? room / 2 : 0;
+    return std::round(all * scale) / scale;
+}
+
+} // namespace
 
 Label::Label(const QString& text, QWidget* parent)
     : Label(text, Theme::FontRole::body, Theme::Token::text, parent)
@@ -41,6 +57,8 @@ void Label::setOpacity(double opacity)
 void Label::setWrapped(int pixels)
 {
     m_lineHeight = pixels;
+    m_layout.setText({});
+    m_heights.clear();
     setWordWrap(true);
     QSizePolicy policy = sizePolicy();
     policy.setHeightForWidth(true);
@@ -48,17 +66,45 @@ void Label::setWrapped(int pixels)
     updateGeometry();
 }
 
-bool Label::hasHeightForWidth() const
+QSize Label::sizeHint() const
 {
-    return m_lineHeight > 0 || QLabel::hasHeightForWidth();
+    if (isQts())
+        return QLabel::sizeHint();
+    if (!wordWrap())
+        return withMargins(onOneLine());
+    // A short text takes one or two lines of what is a comfortable measure for a long one.
+    const double measure = 80.0 * fontMetrics().averageCharWidth();
+    const int line = fontMetrics().lineSpacing();
+    QSizeF size = broken(measure);
+    if (size.height() < 4 * line && size.width() > measure / 2)
+        size = broken(measure / 2);
+    if (size.height() < 2 * line && size.width() > measure / 4)
+        size = broken(measure / 4);
+    return withMargins(size);
+}
+
+QSize Label::minimumSizeHint() const
+{
+    if (isQts())
+        return QLabel::minimumSizeHint();
+    const QSizeF& line = onOneLine();
+    return withMargins({wordWrap() ? m_longestWord : line.width(), line.height()});
 }
 
 int Label::heightForWidth(int width) const
 {
-    if (m_lineHeight == 0)
+    if (isQts() || !wordWrap())
         return QLabel::heightForWidth(width);
-    QTextLayout layout(text(), font());
-    return qCeil(layOut(layout, width));
+    onOneLine(); // forgets the heights of another text
+    if (const auto known = m_heights.constFind(width); known != m_heights.cend())
+        return *known;
+    constexpr qsizetype enough = 16; // while a window is dragged wider, every width is a new one
+    if (m_heights.size() == enough)
+        m_heights.clear();
+    const QMargins margins = contentsMargins();
+    const int height = withMargins(broken(width - margins.left() - margins.right())).height();
+    m_heights.insert(width, height);
+    return height;
 }
 
 void Label::changeEvent(QEvent* event)
@@ -70,15 +116,26 @@ void Label::changeEvent(QEvent* event)
 
 void Label::paintEvent(QPaintEvent* event)
 {
-    if (m_lineHeight == 0) {
+    if (isQts()) {
         QLabel::paintEvent(event);
         return;
     }
-    QTextLayout layout(text(), font());
-    layOut(layout, width());
+    const QRect room = contentsRect();
+    const QSizeF size = broken(wordWrap() ? room.width() : unlimited);
+    if (m_brokenFor < size.width())
+        breakLines(unlimited);
+    const Qt::Alignment place = QStyle::visualAlignment(layoutDirection(), alignment());
+    const double scale = devicePixelRatioF();
+    const double top
+        = inset(room.height() - size.height(), place & Qt::AlignBottom, place & Qt::AlignVCenter, scale);
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    layout.draw(&painter, {});
+    for (int i = 0; i < m_layout.lineCount(); ++i) {
+        const QTextLine line = m_layout.lineAt(i);
+        const double left = inset(room.width() - line.naturalTextWidth(), place & Qt::AlignRight,
+                                  place & Qt::AlignHCenter, scale);
+        line.draw(&painter, QPointF(room.topLeft()) + QPointF(left, top));
+    }
 }
 
 /// Text and secondary text have palette roles of their own and cost nothing; the inks are set on the label.
@@ -103,21 +160,59 @@ void Label::applyToken()
     setPalette(own);
 }
 
-/// The height of the text in lines of `m_lineHeight`.
-double Label::layOut(QTextLayout& layout, double width) const
+bool Label::isQts() const
 {
-    QTextOption option(alignment());
-    option.setWrapMode(QTextOption::WordWrap);
-    layout.setTextOption(option);
-    double y = 0;
-    layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        line.setPosition(QPointF(0, y + (m_lineHeight - line.height()) / 2));
-        y += m_lineHeight;
+    return textInteractionFlags() & (Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+/// What the text takes where there is room enough.
+const QSizeF& Label::onOneLine() const
+{
+    QString lines = text();
+    lines.replace(QLatin1Char('\n'), QChar::LineSeparator);
+    if (m_layout.text() != lines || m_layout.font() != font()) {
+        m_layout.setCacheEnabled(true);
+        m_layout.setText(lines);
+        m_layout.setFont(font());
+        breakLines(unlimited);
+        m_natural = m_size;
+        m_longestWord = m_layout.minimumWidth();
+        m_heights.clear();
     }
-    layout.endLayout();
-    return y;
+    return m_natural;
+}
+
+/// What the text takes in lines of at most that width.
+const QSizeF& Label::broken(double width) const
+{
+    if (onOneLine().width() <= width)
+        return m_natural;
+    if (width != m_brokenFor)
+        breakLines(width);
+    return m_size;
+}
+
+void Label::breakLines(double width) const
+{
+    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setWrapMode(wordWrap() ? QTextOption::WordWrap : QTextOption::ManualWrap);
+    m_layout.setTextOption(option);
+    m_brokenFor = width;
+    m_size = {0, 0};
+    m_layout.beginLayout();
+    for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
+        line.setLineWidth(width);
+        const double height = m_lineHeight > 0 ? m_lineHeight : line.height();
+        line.setPosition(QPointF(0, m_size.height() + (height - line.height()) / 2));
+        m_size = {std::max(m_size.width(), line.naturalTextWidth()), m_size.height() + height};
+    }
+    m_layout.endLayout();
+}
+
+QSize Label::withMargins(const QSizeF& text) const
+{
+    const QMargins margins = contentsMargins();
+    return QSize(qCeil(text.width()), qCeil(text.height())).grownBy(margins);
 }
 
 } // namespace zelta

@@ -2,13 +2,16 @@
 
 #include "app/look/Theme.h"
 
+#include <QHash>
 #include <QLabel>
-
-class QTextLayout;
+#include <QTextLayout>
 
 namespace zelta {
 
 /// Plain text in one of the theme's fonts and colours; follows the appearance by itself. Never reads markup.
+///
+/// The glyphs of a text are found once and kept: Qt's own label finds them anew for each hint and each paint,
+/// which was a third of the start. A label whose text can be selected is left to Qt.
 class Label : public QLabel
 {
     Q_OBJECT
@@ -26,7 +29,8 @@ public:
     /// Wraps at the label's width, lines `pixels` apart (0: the font's own spacing).
     void setWrapped(int pixels = 0);
 
-    [[nodiscard]] bool hasHeightForWidth() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
@@ -35,11 +39,21 @@ protected:
 
 private:
     void applyToken();
-    double layOut(QTextLayout& layout, double width) const;
+    [[nodiscard]] bool isQts() const;
+    const QSizeF& onOneLine() const;
+    const QSizeF& broken(double width) const;
+    void breakLines(double width) const;
+    [[nodiscard]] QSize withMargins(const QSizeF& text) const;
 
     Theme::Token m_token = Theme::Token::text;
     float m_opacity = 1;
     int m_lineHeight = 0;
+    mutable QTextLayout m_layout; ///< The text as it was last measured or painted.
+    mutable QSizeF m_natural {0, 0}; ///< What the text takes where there is room enough.
+    mutable double m_longestWord = 0;
+    mutable double m_brokenFor = 0; ///< The width that `m_layout` is broken for.
+    mutable QSizeF m_size {0, 0}; ///< What it takes so.
+    mutable QHash<int, int> m_heights; ///< By width: layouts ask for the same few again and again.
 };
 
 } // namespace zelta

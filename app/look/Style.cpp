@@ -150,6 +150,10 @@ QIcon Style::standardIcon(StandardPixmap pixmap, const QStyleOption* option, con
 {
     if (pixmap == SP_LineEditClearButton)
         return symbolIcon("cross-circle-filled", Token::textSecondary);
+    // Every menu bar asks for it at once, and for Qt's own picture the readers of all image formats are
+    // loaded.
+    if (pixmap == SP_ToolBarHorizontalExtensionButton)
+        return symbolIcon("chevron-right", Token::textSecondary);
     return QProxyStyle::standardIcon(pixmap, option, widget);
 }
 

@@ -54,18 +54,20 @@ QByteArray drawing(std::string_view name, int size, Stroke stroke)
     return bytes;
 }
 
-QPixmap render(const QByteArray& bytes, int size, const QColor& color, double devicePixelRatio)
+QPixmap render(QSvgRenderer& renderer, int side)
 {
-    const int side = qCeil(size * devicePixelRatio);
     QPixmap pixmap(side, side);
     pixmap.fill(Qt::transparent);
-    QSvgRenderer renderer(bytes);
     QPainter painter(&pixmap);
     renderer.render(&painter, QRectF(0, 0, side, side));
+    return pixmap;
+}
+
+QPixmap tinted(QPixmap pixmap, const QColor& color)
+{
+    QPainter painter(&pixmap);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(pixmap.rect(), color);
-    painter.end();
-    pixmap.setDevicePixelRatio(devicePixelRatio);
     return pixmap;
 }
 
@@ -94,7 +96,9 @@ QPixmap pixmap(std::string_view name, int size, const QColor& color, double devi
     const QByteArray bytes = drawing(name, size, stroke);
     if (bytes.isEmpty())
         return {};
-    found = render(bytes, size, color, devicePixelRatio);
+    QSvgRenderer renderer(bytes);
+    found = tinted(render(renderer, qCeil(size * devicePixelRatio)), color);
+    found.setDevicePixelRatio(devicePixelRatio);
     QPixmapCache::insert(key, found);
     return found;
 }
@@ -107,6 +111,15 @@ void draw(QPainter& painter, const QRectF& area, std::string_view name, int size
     const QPointF corner(area.center().x() - size / 2.0, area.center().y() - size / 2.0);
     const auto snap = [ratio](double position) { return qRound(position * ratio) / ratio; };
     painter.drawPixmap(QPointF(snap(corner.x()), snap(corner.y())), drawing);
+}
+
+QIcon appIcon()
+{
+    QSvgRenderer renderer(QStringLiteral(":/icons/app-icon.svg"));
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 128})
+        icon.addPixmap(render(renderer, side));
+    return icon;
 }
 
 } // namespace zelta::Symbols

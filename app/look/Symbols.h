@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 #include <QPixmap>
 #include <string_view>
 
@@ -26,6 +27,10 @@ QPixmap pixmap(std::string_view name, int size, const QColor& color, double devi
 /// Draws the symbol in the middle of `area`, on whole device pixels so that it stays sharp.
 void draw(QPainter& painter, const QRectF& area, std::string_view name, int size, const QColor& color,
           Stroke stroke = Stroke::regular);
+
+/// The program's own icon, in the sizes that window managers ask for. Drawn here, because for Qt's own way of
+/// reading a picture the readers of all image formats are loaded.
+QIcon appIcon();
 
 /// The file that a name stands for: "swap-arrows" for "arrow.left.arrow.right".
 std::string_view fileName(std::string_view name);

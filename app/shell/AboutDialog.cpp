@@ -2,11 +2,11 @@
 
 #include "app/components/Button.h"
 #include "app/components/Label.h"
+#include "app/look/Symbols.h"
 #include "app/look/Theme.h"
 #include "app/model/AppInfo.h"
 
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPainter>
 
@@ -27,7 +27,7 @@ AboutDialog::AboutDialog(QWidget* parent)
     layout->setSpacing(Metric::cardPadding);
 
     auto* icon = new QLabel(this);
-    icon->setPixmap(QIcon(QStringLiteral(":/icons/app-icon.svg")).pixmap(iconSize));
+    icon->setPixmap(Symbols::appIcon().pixmap(iconSize));
     layout->addWidget(icon, 0, Qt::AlignTop);
 
     auto* texts = new QVBoxLayout;

@@ -1,6 +1,7 @@
 #include "app/shell/MainWindow.h"
 
 #include "app/look/Surface.h"
+#include "app/look/Symbols.h"
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
@@ -18,7 +19,6 @@
 #include "app/shell/Sidebar.h"
 #include "app/shell/SidebarRow.h"
 
-#include <QIcon>
 #include <QMenuBar>
 #include <QPainter>
 #include <QSplitter>
@@ -90,10 +90,10 @@ MainWindow::MainWindow(AppModel& model)
 void MainWindow::paintEvent(QPaintEvent* event)
 {
     QMainWindow::paintEvent(event);
-    // The icon is drawn in five sizes; the first frame does not wait for that.
+    // The icon is drawn in several sizes; the first frame does not wait for that.
     if (!m_hasIcon) {
         m_hasIcon = true;
-        const auto setIcon = [this] { setWindowIcon(QIcon(QStringLiteral(":/icons/app-icon.svg"))); };
+        const auto setIcon = [this] { setWindowIcon(Symbols::appIcon()); };
         QMetaObject::invokeMethod(this, setIcon, Qt::QueuedConnection);
     }
 }

@@ -2,13 +2,12 @@
 
 #include "app/components/ModuleGlyph.h"
 #include "app/look/Surface.h"
+#include "app/look/TextWidth.h"
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
 
-#include <QEvent>
 #include <QFontMetrics>
 #include <QPainter>
-#include <QTextLayout>
 #include <algorithm>
 
 namespace zelta {
@@ -29,6 +28,8 @@ SidebarRow::SidebarRow(Module module, const QString& subtitle, QWidget* parent)
     : QRadioButton(toQt(title(module)), parent)
     , m_module(module)
 {
+    m_subtitle.setCacheEnabled(true);
+    m_subtitle.setFont(Theme::font(Theme::FontRole::note));
     setSubtitle(subtitle);
     setFont(Theme::font(Theme::FontRole::rowTitle));
     setAttribute(Qt::WA_Hover);
@@ -40,8 +41,9 @@ SidebarRow::SidebarRow(Module module, const QString& subtitle, QWidget* parent)
 
 void SidebarRow::setSubtitle(const QString& subtitle)
 {
-    m_subtitle = subtitle;
+    m_subtitle.setText(subtitle);
     m_brokenFor = -1;
+    m_subtitleWidth = textWidth(m_subtitle.font(), subtitle);
     setAccessibleDescription(subtitle);
     updateGeometry();
     update();
@@ -62,15 +64,8 @@ QSize SidebarRow::minimumSizeHint() const
 int SidebarRow::heightForWidth(int width) const
 {
     const int titleHeight = QFontMetrics(font()).height();
-    const int lines = static_cast<int>(subtitleLines(width).size());
-    return 2 * padding + std::max(badgeSize, titleHeight + subtitleGap + lines * subtitleLineHeight);
-}
-
-void SidebarRow::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        m_brokenFor = -1;
-    QRadioButton::changeEvent(event);
+    const int textHeight = titleHeight + subtitleGap + subtitleLines(width) * subtitleLineHeight;
+    return 2 * padding + std::max(badgeSize, textHeight);
 }
 
 bool SidebarRow::hitButton(const QPoint& position) const
@@ -97,40 +92,46 @@ void SidebarRow::paintEvent(QPaintEvent* /*event*/)
     const QFontMetrics titleMetrics(font());
     painter.drawText(textLeft, padding + titleMetrics.ascent(), text());
 
-    const QFont noteFont = Theme::font(Theme::FontRole::note);
-    const QFontMetrics noteMetrics(noteFont);
-    painter.setFont(noteFont);
     painter.setPen(Theme::color(Theme::Token::textSecondary));
-    int baseline = padding + titleMetrics.height() + subtitleGap + noteMetrics.ascent()
-        + (subtitleLineHeight - noteMetrics.height()) / 2;
-    for (const QString& line : subtitleLines(width())) {
-        painter.drawText(textLeft, baseline, line);
-        baseline += subtitleLineHeight;
-    }
+    paintSubtitle(painter, padding + titleMetrics.height() + subtitleGap);
 }
 
-const QStringList& SidebarRow::subtitleLines(int width) const
+/// How many lines the subtitle takes in a row of that width. Layouts ask again and again, so nothing is
+/// broken for it.
+int SidebarRow::subtitleLines(int width) const
 {
-    // Layouts ask for heights again and again, and breaking lines was two fifths of the start.
+    return m_subtitleWidth <= width - textLeft - padding ? 1 : maxSubtitleLines;
+}
+
+void SidebarRow::breakSubtitle(int width)
+{
     if (width == m_brokenFor)
-        return m_lines;
+        return;
     m_brokenFor = width;
-    m_lines.clear();
-    const QFont noteFont = Theme::font(Theme::FontRole::note);
-    const int available = width - textLeft - padding;
-    QTextLayout layout(m_subtitle, noteFont);
-    layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(available);
-        if (m_lines.size() == maxSubtitleLines - 1) {
-            m_lines << QFontMetrics(noteFont).elidedText(m_subtitle.mid(line.textStart()), Qt::ElideRight,
-                                                         available);
-            break;
+    m_subtitle.beginLayout();
+    for (QTextLine line = m_subtitle.createLine(); line.isValid(); line = m_subtitle.createLine())
+        line.setLineWidth(width - textLeft - padding);
+    m_subtitle.endLayout();
+}
+
+void SidebarRow::paintSubtitle(QPainter& painter, int top)
+{
+    breakSubtitle(width());
+    const int lines = std::min(m_subtitle.lineCount(), maxSubtitleLines);
+    for (int i = 0; i < lines; ++i) {
+        const QTextLine line = m_subtitle.lineAt(i);
+        const double y = top + i * subtitleLineHeight + (subtitleLineHeight - qRound(line.height())) / 2;
+        if (i < lines - 1 || lines == m_subtitle.lineCount()) {
+            line.draw(&painter, QPointF(textLeft, y));
+            continue;
         }
-        m_lines << m_subtitle.mid(line.textStart(), line.textLength()).trimmed();
+        const QFont& font = m_subtitle.font();
+        painter.setFont(font);
+        const QString rest = m_subtitle.text().mid(line.textStart());
+        const QString shown
+            = QFontMetrics(font).elidedText(rest, Qt::ElideRight, width() - textLeft - padding);
+        painter.drawText(QPointF(textLeft, y + line.ascent()), shown);
     }
-    layout.endLayout();
-    return m_lines;
 }
 
 } // namespace zelta

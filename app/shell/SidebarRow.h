@@ -3,7 +3,7 @@
 #include "app/model/Module.h"
 
 #include <QRadioButton>
-#include <QStringList>
+#include <QTextLayout>
 
 namespace zelta {
 
@@ -24,17 +24,18 @@ public:
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
-    void changeEvent(QEvent* event) override;
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    [[nodiscard]] const QStringList& subtitleLines(int width) const;
+    [[nodiscard]] int subtitleLines(int width) const;
+    void breakSubtitle(int width);
+    void paintSubtitle(QPainter& painter, int top);
 
     Module m_module;
-    QString m_subtitle;
-    mutable QStringList m_lines; ///< The subtitle broken for the width below.
-    mutable int m_brokenFor = -1;
+    QTextLayout m_subtitle; ///< Broken for rows of the width below.
+    int m_brokenFor = -1;
+    int m_subtitleWidth = 0; ///< On one line.
 };
 
 } // namespace zelta

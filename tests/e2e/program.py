@@ -112,8 +112,14 @@ class Program:
         self.process = desktop.start(
             command, env=screen.environment | environment, stdout=self.log, stderr=self.log, stdin=subprocess.DEVNULL
         )
-        desktop.wait_for(self.window, "the program's window on the accessibility bus", 30)
-        self.wait_until_focused()
+        try:
+            desktop.wait_for(self.window, "the program's window on the accessibility bus", 30)
+            self.wait_until_focused()
+        except AssertionError as trouble:
+            status, tree = self.process.poll(), screen.run(["xwininfo", "-root", "-tree"])
+            self.process.kill()
+            said = pathlib.Path(self.log.name).read_text()
+            raise AssertionError(f"{trouble}; exit status {status}, it said “{said}”, the X server has\n{tree}") from None
 
     def wait_until_focused(self):
         """Keys sent before the window manager has given us the focus would go nowhere."""
