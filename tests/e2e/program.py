@@ -218,7 +218,7 @@ class Program:
         item = thing if isinstance(thing, Item) else self.wait(thing, role, within=within)
         self.reveal(item)
         x, y = item.centre
-        self.screen.run(["xdotool", "mousemove", "--sync", str(x), str(y), "click", str(button)])
+        self.screen.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)])
         return item
 
     def reveal(self, item):
