@@ -37,13 +37,15 @@ class Desktop:
     """One screen for one test program: the accessibility library holds a single bus connection for each process."""
 
     def __init__(self, width=1400, height=1000):
+        self.scale = float(os.environ.get("QT_SCALE_FACTOR", 1))
+        self.size = round(width * self.scale), round(height * self.scale)
         self._folder = tempfile.TemporaryDirectory(prefix="zelta-e2e-")
         self.folder = pathlib.Path(self._folder.name)
         self._processes = []
         self._display = None
         runtime = self.folder / "runtime"
         runtime.mkdir(mode=0o700)
-        kept = {name: os.environ[name] for name in ("PATH", "LD_LIBRARY_PATH") if name in os.environ}
+        kept = {name: os.environ[name] for name in ("PATH", "LD_LIBRARY_PATH", "QT_SCALE_FACTOR") if name in os.environ}
         sanitizers = {name: text for name, text in os.environ.items() if name.endswith("SAN_OPTIONS")}
         self.environment = kept | sanitizers | {
             "HOME": str(self.folder),
@@ -53,7 +55,7 @@ class Desktop:
             "QT_QPA_PLATFORM": "xcb",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
         }
-        number = self._answer(["Xvfb", "-displayfd", "{fd}", "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp", "-noreset"])
+        number = self._answer(["Xvfb", "-displayfd", "{fd}", "-screen", "0", f"{self.size[0]}x{self.size[1]}x24", "-nolisten", "tcp", "-noreset"])
         self.environment["DISPLAY"] = f":{number}"
         bus = f"--address=unix:path={runtime}/bus"  # below our folder, which a changed root can be given
         address = self._answer(["dbus-daemon", "--session", "--nofork", "--print-address={fd}", bus])
@@ -101,14 +103,14 @@ class Desktop:
         pathlib.Path(path).parent.mkdir(parents=True, exist_ok=True)
         self.run(["import", "-window", str(window), f"png:{path}"])
 
-    def pixels(self, left=0, top=0, width=1400, height=1000):
-        """What a part of the screen shows, as raw bytes to compare."""
+    def pixels(self, left=0, top=0, width=None, height=None):
+        """What a part of the screen shows, as raw bytes to compare; the whole screen unless told otherwise."""
         from Xlib import X, display
 
         if not self._display:
             self._display = display.Display(self.environment["DISPLAY"])
         root = self._display.screen().root
-        return root.get_image(left, top, width, height, X.ZPixmap, 0xFFFFFF).data
+        return root.get_image(left, top, width or self.size[0], height or self.size[1], X.ZPixmap, 0xFFFFFF).data
 
     @contextlib.contextmanager
     def portal(self, appearance):

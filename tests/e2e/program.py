@@ -12,12 +12,14 @@ Role = None  # pyatspi may be loaded only once a desktop's environment is in for
 _atspi = None
 _listener = None
 _last_focused = None
+_scale = 1
 
 
 def load(environment):
     """Connects this process to the desktop's accessibility bus. Nothing is cached: what is read is what is shown."""
-    global Role, _atspi, _listener
+    global Role, _atspi, _listener, _scale
     os.environ.update(environment)
+    _scale = float(environment.get("QT_SCALE_FACTOR", 1))
     time.tzset()
     import pyatspi
     from gi.repository import Atspi
@@ -72,9 +74,9 @@ class Item:
 
     @property
     def frame(self):
-        """Left, top, width and height on the screen."""
+        """Left, top, width and height in pixels of the screen. Qt tells them before they are scaled."""
         box = self._accessible.get_extents(_atspi.CoordType.SCREEN)
-        return box.x, box.y, box.width, box.height
+        return tuple(round(part * _scale) for part in (box.x, box.y, box.width, box.height))
 
     @property
     def centre(self):

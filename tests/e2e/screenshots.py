@@ -143,20 +143,28 @@ def take(screen, folder, appearance):
         app.go(page)
         prepare(app)
         for suffix, (width, height) in SIZES.items():
-            screen.run(["xdotool", "windowsize", "--sync", window, str(width), str(height), "mousemove", "1390", "990"])
+            resize(screen, app, window, width, height)
             settle(screen)
             screen.screenshot(folder / f"{name}{suffix}-{appearance}.png", window)
             print(folder / f"{name}{suffix}-{appearance}.png", flush=True)
-        screen.run(["xdotool", "windowsize", "--sync", window, "1120", "760"])
+        resize(screen, app, window, *SIZES[""])
     app.end()
 
 
+def resize(screen, app, window, width, height):
+    """Gives the window that size before scaling, and moves the pointer off it."""
+    size = [str(round(part * screen.scale)) for part in (width, height)]
+    corner = [str(part - 10) for part in screen.size]
+    screen.run(["xdotool", "windowsize", window, *size, "mousemove", *corner])
+    desktop.wait_for(lambda: [str(part) for part in app.root().frame[2:]] == size, f"a window of {size}")
+
+
 def settle(screen):
-    """Waits until two looks at the screen a quarter of a second apart see the same."""
+    """Waits until two looks at the screen, in which a caret has no time to blink twice, see the same."""
 
     def still():
         first = screen.pixels()
-        time.sleep(0.25)
+        time.sleep(0.1)
         return first == screen.pixels()
 
     desktop.wait_for(still, "a window that stands still")
