@@ -28,7 +28,7 @@ struct Marks
     CivilDay shown; ///< A day of the month that is shown.
     CivilDay today;
 
-    DayCell cell(Instant date) const
+    [[nodiscard]] DayCell cell(Instant date) const
     {
         const CivilDay day = calendar.civilDay(date);
         return {.key = CalendarKit::dayKey(date, calendar),
@@ -40,7 +40,7 @@ struct Marks
                 .isWeekend = weekendRule.isWeekend(day.weekday())};
     }
 
-    WeekRow row(Instant weekStart) const
+    [[nodiscard]] WeekRow row(Instant weekStart) const
     {
         WeekRow row {calendar.civilDay(weekStart).isoWeek(), {}};
         for (int i = 0; i < daysPerWeek; ++i) {

@@ -24,10 +24,10 @@ public:
     Digits(const Digits&) = delete;
     Digits& operator=(const Digits&) = delete;
 
-    std::string_view text() const { return {m_begin, m_buffer.data() + m_buffer.size()}; }
+    [[nodiscard]] std::string_view text() const { return {m_begin, m_buffer.data() + m_buffer.size()}; }
 
 private:
-    std::array<char, 2 * Decimal::maxDigits> m_buffer;
+    std::array<char, std::size_t {2} * Decimal::maxDigits> m_buffer;
     char* m_begin = m_buffer.data() + m_buffer.size();
 };
 

@@ -27,7 +27,7 @@ std::filesystem::path homeDirectory()
 #ifdef _WIN32
     return pathFromEnvironment("USERPROFILE");
 #else
-    if (const std::filesystem::path home = pathFromEnvironment("HOME"); !home.empty())
+    if (std::filesystem::path home = pathFromEnvironment("HOME"); !home.empty())
         return home;
     const passwd* user = getpwuid(getuid()); // NOLINT(concurrency-mt-unsafe): asked once, at the start
     return user == nullptr ? "/" : user->pw_dir;

@@ -101,12 +101,11 @@ TEST(PercentView, ComparesTwoNumbers)
 TEST(PercentView, ShowsItsWords)
 {
     const Stage stage;
-    for (const char* text :
-         {"Value X", "The part, or the starting point", "Value Y", "The whole, or the comparison",
-          "“X is this much of Y” answers 50 is what % of 75. “Change X → Y” measures the move from X to Y "
-          "against X "
-          "alone, so it reads differently going the other way.",
-          "Type two numbers to compare them."})
+    constexpr const char* help
+        = "“X is this much of Y” answers 50 is what % of 75. “Change X → Y” measures the move from X to Y "
+          "against X alone, so it reads differently going the other way.";
+    for (const char* text : {"Value X", "The part, or the starting point", "Value Y",
+                             "The whole, or the comparison", help, "Type two numbers to compare them."})
         EXPECT_TRUE(stage.shows(text)) << text;
     ASSERT_NE(stage.button("Swap"), nullptr);
     EXPECT_EQ(stage.button("Swap")->toolTip(), QStringLiteral("Swap X and Y"));

@@ -66,11 +66,12 @@ TEST_F(StoreSharing, ThreadsLoseNothing)
         }
     }
     EXPECT_EQ(failures, 0);
+    constexpr auto everything = std::size_t {threads} * rounds;
     std::set<std::int64_t> all;
     for (const std::set<std::int64_t>& own : ids)
         all.insert(own.begin(), own.end());
-    EXPECT_EQ(all.size(), std::size_t {threads * rounds}) << "each note has an id of its own";
-    EXPECT_EQ(store.history(1000).size(), std::size_t {threads * rounds});
+    EXPECT_EQ(all.size(), everything) << "each note has an id of its own";
+    EXPECT_EQ(store.history(1000).size(), everything);
 }
 
 TEST_F(StoreSharing, ProcessesWritingAtOnceLoseNothing)

@@ -266,7 +266,8 @@ TEST_F(StoreTest, KeepsANulInANote)
 
 TEST_F(StoreTest, KeepsTextsOfTenMegabytes)
 {
-    const std::string large(10'000'000, 'x');
+    std::string large;
+    large.resize(10'000'000, 'x');
     HistoryEntry big = entry("big", at(1s));
     big.detail = large;
     EXPECT_TRUE(store.addHistory(big));
