@@ -1,12 +1,8 @@
 #include "app/components/CopyChip.h"
 
-#include "app/components/Clipboard.h"
 #include "app/look/Surface.h"
-#include "app/look/Symbols.h"
 #include "app/look/TextWidth.h"
-#include "app/look/Theme.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace zelta {
@@ -16,33 +12,18 @@ namespace {
 constexpr int chipHeight = 30;
 constexpr int padding = 13;
 constexpr int gap = 8;
-constexpr int symbolSize = 14;
-constexpr std::string_view onlyKey = "text";
 
 } // namespace
 
 CopyChip::CopyChip(Clock& clock, Module tint, QWidget* parent)
-    : QAbstractButton(parent)
+    : CopyButton(clock, Theme::FontRole::control, parent)
     , m_tint(tint)
-    , m_mark(clock, [this] { update(); })
-{
-    setFont(Theme::font(Theme::FontRole::control));
-    setFocusPolicy(Qt::TabFocus);
-    setCursor(Qt::PointingHandCursor);
-    setAttribute(Qt::WA_Hover);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    connect(this, &QAbstractButton::clicked, this, [this] {
-        copyText(text());
-        m_mark.set(std::string(onlyKey));
-    });
-}
+{ }
 
 void CopyChip::setCopyText(const QString& text)
 {
-    setText(text);
-    setAccessibleName(text);
+    CopyButton::setCopyText(text);
     setToolTip(QStringLiteral("Click to copy “%1”").arg(text));
-    updateGeometry();
 }
 
 QSize CopyChip::sizeHint() const
@@ -53,14 +34,6 @@ QSize CopyChip::sizeHint() const
 QSize CopyChip::minimumSizeHint() const
 {
     return {2 * padding + gap + symbolSize, chipHeight};
-}
-
-void CopyChip::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
-        QAbstractButton::keyPressEvent(event);
 }
 
 void CopyChip::paintEvent(QPaintEvent* /*event*/)
@@ -81,8 +54,7 @@ void CopyChip::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(ink);
     painter.drawText(textArea, Qt::AlignLeft | Qt::AlignVCenter,
                      fontMetrics().elidedText(text(), Qt::ElideRight, textArea.width()));
-    Symbols::draw(painter, QRect(content.right() + 1 - symbolSize, 0, symbolSize, chipHeight),
-                  m_mark.isOn(onlyKey) ? "checkmark" : "doc.on.doc", symbolSize, ink);
+    drawSymbol(painter, QRect(content.right() + 1 - symbolSize, 0, symbolSize, chipHeight), ink);
     if (Surface::showsFocus(*this))
         Surface::drawFocusRing(painter, area, radius);
 }

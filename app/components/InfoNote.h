@@ -15,9 +15,13 @@ class InfoNote : public QWidget
 public:
     explicit InfoNote(const QString& text, QWidget* parent = nullptr);
 
-    /// With another symbol, such as "lightbulb.fill", and flush with its surroundings: for a note inside a
-    /// card.
-    InfoNote(const QString& text, std::string_view symbol, QWidget* parent = nullptr);
+    enum class Place {
+        belowCard, ///< A little further in than the card's edge.
+        insideCard, ///< Flush with what else is in the card.
+    };
+
+    /// With another symbol, such as "lightbulb.fill".
+    InfoNote(const QString& text, std::string_view symbol, Place place, QWidget* parent = nullptr);
 
     void setText(const QString& text);
 

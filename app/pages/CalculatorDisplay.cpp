@@ -12,7 +12,6 @@ namespace zelta {
 namespace {
 
 constexpr int sidePadding = 4;
-constexpr int edge = CalculatorDisplay::edge;
 constexpr int expressionHeight = 19;
 constexpr int numberHeight = 50;
 

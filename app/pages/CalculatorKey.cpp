@@ -104,8 +104,8 @@ CalculatorKeyFace CalculatorKeyFace::of(const CalculatorKey& key)
 {
     using Theme::FontRole;
     using Theme::Token;
-    const auto utility = [](const QString& title, std::string_view symbol, const QString& help) {
-        return CalculatorKeyFace {title, symbol, help, Token::keyUtility, Token::text, FontRole::keyUtility};
+    const auto utility = [](const QString& words, std::string_view drawing, const QString& tip) {
+        return CalculatorKeyFace {words, drawing, tip, Token::keyUtility, Token::text, FontRole::keyUtility};
     };
     switch (key.kind) {
     case Kind::digit:

@@ -64,7 +64,6 @@ CalendarPageView::CalendarPageView(AppModel& model, QWidget* parent)
     , m_model(model)
 {
     constexpr int noteGap = 10;
-    constexpr int noteIndent = 4;
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Metric::partSpacing);
@@ -76,8 +75,7 @@ CalendarPageView::CalendarPageView(AppModel& model, QWidget* parent)
     auto* note
         = new InfoNote(QStringLiteral("Arrow keys move a month and T jumps to today. Shaded days are your "
                                       "weekend — change the rule in Settings."),
-                       "lightbulb.fill", this);
-    note->layout()->setContentsMargins(noteIndent, 0, noteIndent, 0);
+                       "lightbulb.fill", InfoNote::Place::belowCard, this);
     selectedDay->addWidget(note);
     column->addLayout(selectedDay);
 

@@ -42,7 +42,6 @@ DurationView::DurationView(AppModel& model, QWidget* parent)
     , m_model(model)
 {
     constexpr int noteGap = 10;
-    constexpr int noteIndent = 4;
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Metric::partSpacing);
@@ -51,8 +50,7 @@ DurationView::DurationView(AppModel& model, QWidget* parent)
 
     m_results
         = new ResultList(model, Module::duration, QStringLiteral("Enter values above to see results."), this);
-    m_note = new InfoNote({}, "lightbulb.fill", this);
-    m_note->layout()->setContentsMargins(noteIndent, 0, noteIndent, 0);
+    m_note = new InfoNote({}, "lightbulb.fill", InfoNote::Place::belowCard, this);
     auto* results = new QVBoxLayout;
     results->setSpacing(noteGap);
     results->addWidget(m_results);

@@ -75,7 +75,7 @@ QWidget* SettingsView::makeWorkingWeekCard()
     card->content()->addWidget(new InfoNote(
         QStringLiteral("Green days count as workdays; orange days are your weekend. Every workday count in "
                        "the app follows this, and the calendar shades the weekend the same way."),
-        "lightbulb.fill", card));
+        "lightbulb.fill", InfoNote::Place::insideCard, card));
     return card;
 }
 

@@ -1,0 +1,56 @@
+#include "app/components/CopyButton.h"
+
+#include "app/components/Clipboard.h"
+#include "app/look/Symbols.h"
+
+#include <QKeyEvent>
+
+namespace zelta {
+
+namespace {
+
+constexpr std::string_view onlyKey = "text";
+
+} // namespace
+
+CopyButton::CopyButton(Clock& clock, Theme::FontRole role, QWidget* parent)
+    : QAbstractButton(parent)
+    , m_mark(clock, [this] { update(); })
+{
+    setFont(Theme::font(role));
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::PointingHandCursor);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(this, &QAbstractButton::clicked, this, [this] {
+        copyText(text());
+        m_mark.set(std::string(onlyKey));
+    });
+}
+
+void CopyButton::setCopyText(const QString& text)
+{
+    setText(text);
+    setAccessibleName(text);
+    updateGeometry();
+}
+
+bool CopyButton::showsMark() const
+{
+    return m_mark.isOn(onlyKey);
+}
+
+void CopyButton::drawSymbol(QPainter& painter, const QRect& area, const QColor& ink) const
+{
+    Symbols::draw(painter, area, showsMark() ? "checkmark" : "doc.on.doc", symbolSize, ink);
+}
+
+void CopyButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+} // namespace zelta

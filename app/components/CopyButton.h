@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/components/CopyMark.h"
+#include "app/look/Theme.h"
+
+#include <QAbstractButton>
+
+namespace zelta {
+
+/// What `CopyChip` and `CopyableText` have in common: a button that is its text, copies it at a click, by
+/// Space or by Return, and shows a check mark for half a second. Its accessible name is the text.
+class CopyButton : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    /// What is shown and copied.
+    virtual void setCopyText(const QString& text);
+
+protected:
+    CopyButton(Clock& clock, Theme::FontRole role, QWidget* parent);
+
+    [[nodiscard]] bool showsMark() const;
+
+    /// The symbol of the moment: two sheets, or the check mark.
+    void drawSymbol(QPainter& painter, const QRect& area, const QColor& ink) const;
+
+    void keyPressEvent(QKeyEvent* event) override;
+
+    static constexpr int symbolSize = 14;
+
+private:
+    CopyMark m_mark;
+};
+
+} // namespace zelta
