@@ -120,7 +120,7 @@ void SidebarRow::paintSubtitle(QPainter& painter, int top)
     const int lines = std::min(m_subtitle.lineCount(), maxSubtitleLines);
     for (int i = 0; i < lines; ++i) {
         const QTextLine line = m_subtitle.lineAt(i);
-        const double y = top + i * subtitleLineHeight + (subtitleLineHeight - qRound(line.height())) / 2;
+        const int y = top + i * subtitleLineHeight + (subtitleLineHeight - qRound(line.height())) / 2;
         if (i < lines - 1 || lines == m_subtitle.lineCount()) {
             line.draw(&painter, QPointF(textLeft, y));
             continue;

@@ -1,0 +1,88 @@
+#include "app/components/Label.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QLabel>
+#include <array>
+#include <memory>
+
+namespace zelta {
+
+namespace {
+
+constexpr auto texts = std::to_array<const char16_t*>({
+    u"Version 1.0.0",
+    u"two\nlines",
+    u"Everything you have calculated, saved",
+    u"Percent works in context: 200 + 10 % is 220, but 10 % on its own is 0.1. Pressing = again repeats.",
+    u"رشيمة الأسعار",
+});
+
+/// Qt's own label with the same text, which measures anew each time.
+std::unique_ptr<QLabel> reference(const Label& label)
+{
+    auto plain = std::make_unique<QLabel>();
+    plain->setTextFormat(Qt::PlainText);
+    plain->setFont(label.font());
+    plain->setWordWrap(label.wordWrap());
+    plain->setText(label.text());
+    return plain;
+}
+
+int inkIn(Label& label)
+{
+    const QImage image = label.grab().toImage();
+    int ink = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            ink += qGray(image.pixel(x, y)) < 128 ? 1 : 0;
+    }
+    return ink;
+}
+
+} // namespace
+
+TEST(Label, AsksForTheRoomThatQtsOwnLabelAsksFor)
+{
+    for (const char16_t* text : texts) {
+        for (const bool wraps : {false, true}) {
+            Label label(QString::fromUtf16(text));
+            label.setWordWrap(wraps);
+            const auto plain = reference(label);
+            EXPECT_EQ(label.sizeHint(), plain->sizeHint()) << qPrintable(label.text()) << wraps;
+            EXPECT_EQ(label.minimumSizeHint(), plain->minimumSizeHint()) << qPrintable(label.text()) << wraps;
+            if (!wraps)
+                continue;
+            for (const int width : {60, 150, 400, 150, 2000})
+                EXPECT_EQ(label.heightForWidth(width), plain->heightForWidth(width))
+                    << qPrintable(label.text()) << " at " << width;
+        }
+    }
+}
+
+TEST(Label, MeasuresWhatItShowsNow)
+{
+    Label label(QStringLiteral("short"));
+    const int narrow = label.sizeHint().width();
+    label.setText(QStringLiteral("quite a bit longer"));
+    const int wide = label.sizeHint().width();
+    EXPECT_GT(wide, narrow);
+    label.setRole(Theme::FontRole::headline);
+    EXPECT_GT(label.sizeHint().width(), wide);
+    EXPECT_EQ(label.sizeHint(), reference(label)->sizeHint());
+}
+
+TEST(Label, PaintsTheTextOfTheMoment)
+{
+    Label label(QStringLiteral("iii"));
+    label.resize(200, 40);
+    const int little = inkIn(label);
+    EXPECT_GT(little, 0);
+    label.setText(QStringLiteral("MMMMMMM"));
+    EXPECT_GT(inkIn(label), 2 * little);
+    label.setText({});
+    EXPECT_EQ(inkIn(label), 0);
+}
+
+} // namespace zelta
