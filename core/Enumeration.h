@@ -33,10 +33,13 @@ template <class E> constexpr std::optional<E> fromRawValue(std::string_view text
     return std::nullopt;
 }
 
+/// How many cases there are: the size of whatever has a place for each.
+template <class E> inline constexpr std::size_t caseCount = EnumerationTable<E>::all.size();
+
 /// Every case, in declaration order.
 template <class E> constexpr auto allCases()
 {
-    std::array<E, EnumerationTable<E>::all.size()> cases {};
+    std::array<E, caseCount<E>> cases {};
     for (std::size_t i = 0; i < cases.size(); ++i)
         cases[i] = EnumerationTable<E>::all[i].first;
     return cases;

@@ -102,7 +102,7 @@ struct PageColors
 };
 
 /// In the order of `Module`.
-constexpr std::array<PageColors, 8> pages {{
+constexpr auto pages = std::to_array<PageColors>({
     {opaque(0x8F5600), opaque(0xF7B75C), opaque(0xA66609)},
     {opaque(0x15703F), opaque(0x4CCB87), opaque(0x1A864B)},
     {opaque(0x0F6D68), opaque(0x3CC6BE), opaque(0x14827C)},
@@ -111,7 +111,8 @@ constexpr std::array<PageColors, 8> pages {{
     {opaque(0x1C5FDB), opaque(0x82ACFB), opaque(0x256EEF)},
     {opaque(0x5B626D), opaque(0xA8AEB8), opaque(0x6B737F)},
     {opaque(0x5B606A), opaque(0xA8ADB6), opaque(0x666B75)},
-}};
+});
+static_assert(pages.size() == caseCount<Module>);
 
 const PageColors& colorsOf(Module module)
 {

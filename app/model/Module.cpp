@@ -13,7 +13,8 @@ struct Description
     Tint tint;
 };
 
-constexpr std::array<Description, 8> descriptions {{
+/// In the order of `Module`.
+constexpr auto descriptions = std::to_array<Description>({
     {"Calculator", "A plain calculator with a running tape", "plus.forwardslash.minus", {0.95, 0.60, 0.09}},
     {"Percentage", "What percent is it, and increase or decrease", "percent", {0.12, 0.62, 0.35}},
     {"Converter",
@@ -28,7 +29,8 @@ constexpr std::array<Description, 8> descriptions {{
      {0.16, 0.44, 0.94}},
     {"History", "Everything you have calculated, saved", "clock.arrow.circlepath", {0.42, 0.45, 0.50}},
     {"Settings", "", "gearshape.fill", {0.40, 0.42, 0.46}},
-}};
+});
+static_assert(descriptions.size() == caseCount<Module>);
 
 const Description& describe(Module module)
 {

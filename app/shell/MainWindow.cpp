@@ -49,7 +49,6 @@ protected:
     }
 };
 
-/// Null for a page that this version does not have yet.
 QWidget* makeContent(Module module, AppModel& model)
 {
     switch (module) {
@@ -69,9 +68,8 @@ QWidget* makeContent(Module module, AppModel& model)
         return new HistoryView(model);
     case Module::settings:
         return new SettingsView(model);
-    default:
-        return nullptr;
     }
+    return nullptr; // a page that is none
 }
 
 } // namespace

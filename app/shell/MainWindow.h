@@ -35,7 +35,7 @@ private:
 
     AppModel& m_model;
     QStackedWidget* m_pages = nullptr;
-    std::array<PageChrome*, 8> m_built {};
+    std::array<PageChrome*, caseCount<Module>> m_built {};
     bool m_hasIcon = false;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/model/Module.h"
+
 #include <QWidget>
 #include <array>
 
@@ -36,7 +38,7 @@ private:
     void showSettings();
 
     AppModel& m_model;
-    std::array<SidebarRow*, 8> m_rows {};
+    std::array<SidebarRow*, caseCount<Module>> m_rows {};
     Label* m_weekend = nullptr;
 };
 
