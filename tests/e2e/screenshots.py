@@ -18,7 +18,7 @@ SIZES = {"": (1120, 760), "-narrow": (940, 620)}
 NOW = "2026-03-10 16:40:00"
 # The preload library keeps the monotonic clock, so that the program's delays last as long as ever.
 CLOCK = {
-    "LD_PRELOAD": "/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1",
+    "LD_PRELOAD": "/usr/$LIB/faketime/libfaketimeMT.so.1",
     "FAKETIME": f"@{NOW}",
     "FAKETIME_DONT_FAKE_MONOTONIC": "1",
     "TZ": "Europe/Paris",

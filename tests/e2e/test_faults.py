@@ -272,7 +272,7 @@ class Faults(scenario.Scenario):
         clock = self.screen.folder / "clock"
         clock.write_text("@2026-03-10 16:40:00")
         app = self.start(
-            LD_PRELOAD="/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1",
+            LD_PRELOAD="/usr/$LIB/faketime/libfaketimeMT.so.1",
             FAKETIME_TIMESTAMP_FILE=str(clock), FAKETIME_NO_CACHE="1", FAKETIME_DONT_FAKE_MONOTONIC="1",
         )
         self.compare(app, 1, 2)
