@@ -2,7 +2,6 @@
 
 #include "app/look/Surface.h"
 #include "app/look/Symbols.h"
-#include "app/look/TextWidth.h"
 #include "app/model/Text.h"
 
 #include <QPainter>
@@ -95,7 +94,8 @@ void Button::clearConfirmation()
 QSize Button::sizeHint() const
 {
     const int own = m_size == Size::small ? Metric::smallButtonHeight : Metric::buttonHeight;
-    return {2 * padding() + contentWidth(m_label), m_height.value_or(own)};
+    m_line.set(m_label, font());
+    return {2 * padding() + contentWidth(m_line), m_height.value_or(own)};
 }
 
 QSize Button::minimumSizeHint() const
@@ -107,17 +107,17 @@ void Button::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     paintSurface(painter);
-    const QString text = shownLabel();
+    TextLine& line = m_confirmation ? m_confirmationLine : m_line;
+    line.set(shownLabel(), font());
     const QColor ink = inkColor();
-    double x = (width() - contentWidth(text)) / 2.0;
+    double x = (width() - contentWidth(line)) / 2.0;
     if (!shownSymbol().empty()) {
         const QRectF box(x, 0, symbolSize(), height());
         Symbols::draw(painter, box, shownSymbol(), symbolSize(), ink);
         x += symbolSize() + gap();
     }
     painter.setPen(ink);
-    painter.drawText(QRectF(x, 0, width() - x, height()),
-                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    line.draw(painter, QRectF(x, 0, width() - x, height()));
 }
 
 void Button::paintSurface(QPainter& painter) const
@@ -173,9 +173,9 @@ QString Button::shownLabel() const
     return m_confirmation.value_or(m_label);
 }
 
-int Button::contentWidth(const QString& label) const
+int Button::contentWidth(const TextLine& line) const
 {
-    return textWidth(font(), label) + (shownSymbol().empty() ? 0 : symbolSize() + gap());
+    return line.width() + (shownSymbol().empty() ? 0 : symbolSize() + gap());
 }
 
 int Button::padding() const

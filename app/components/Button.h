@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/look/TextLine.h"
 #include "app/look/Theme.h"
 
 #include <QPushButton>
@@ -60,7 +61,7 @@ protected:
 
 private:
     [[nodiscard]] QString shownLabel() const;
-    [[nodiscard]] int contentWidth(const QString& label) const;
+    [[nodiscard]] int contentWidth(const TextLine& line) const;
     [[nodiscard]] int padding() const;
     [[nodiscard]] int gap() const;
     [[nodiscard]] int symbolSize() const;
@@ -72,6 +73,8 @@ private:
     Size m_size = Size::regular;
     std::optional<int> m_height;
     std::function<QColor()> m_ink;
+    mutable TextLine m_line; ///< The button's own label as it was last measured.
+    TextLine m_confirmationLine;
 };
 
 } // namespace zelta

@@ -4,6 +4,7 @@
 #include "app/look/Symbols.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace zelta {
 
@@ -38,6 +39,21 @@ void CopyButton::setCopyText(const QString& text)
 bool CopyButton::showsMark() const
 {
     return m_mark.isOn(onlyKey);
+}
+
+int CopyButton::textWidth() const
+{
+    m_line.set(text(), font());
+    return m_line.width();
+}
+
+void CopyButton::drawText(QPainter& painter, const QRect& area) const
+{
+    if (textWidth() <= area.width())
+        m_line.draw(painter, area);
+    else
+        painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter,
+                         fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));
 }
 
 void CopyButton::drawSymbol(QPainter& painter, const QRect& area, const QColor& ink) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/components/CopyMark.h"
+#include "app/look/TextLine.h"
 #include "app/look/Theme.h"
 
 #include <QAbstractButton>
@@ -22,6 +23,12 @@ protected:
 
     [[nodiscard]] bool showsMark() const;
 
+    /// Whole pixels that hold the text.
+    [[nodiscard]] int textWidth() const;
+
+    /// Draws the text at the left of the area, in the middle of its height; elided where that is too narrow.
+    void drawText(QPainter& painter, const QRect& area) const;
+
     /// The symbol of the moment: two sheets, or the check mark.
     void drawSymbol(QPainter& painter, const QRect& area, const QColor& ink) const;
 
@@ -31,6 +38,7 @@ protected:
 
 private:
     CopyMark m_mark;
+    mutable TextLine m_line; ///< The text as it was last measured.
 };
 
 } // namespace zelta

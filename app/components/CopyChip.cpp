@@ -1,7 +1,6 @@
 #include "app/components/CopyChip.h"
 
 #include "app/look/Surface.h"
-#include "app/look/TextWidth.h"
 
 #include <QPainter>
 
@@ -28,7 +27,7 @@ void CopyChip::setCopyText(const QString& text)
 
 QSize CopyChip::sizeHint() const
 {
-    return {2 * padding + textWidth(font(), text()) + gap + symbolSize, chipHeight};
+    return {2 * padding + textWidth() + gap + symbolSize, chipHeight};
 }
 
 QSize CopyChip::minimumSizeHint() const
@@ -52,8 +51,7 @@ void CopyChip::paintEvent(QPaintEvent* /*event*/)
     const QRect content = rect().adjusted(padding, 0, -padding, 0);
     const QRect textArea = content.adjusted(0, 0, -gap - symbolSize, 0);
     painter.setPen(ink);
-    painter.drawText(textArea, Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, textArea.width()));
+    drawText(painter, textArea);
     drawSymbol(painter, QRect(content.right() + 1 - symbolSize, 0, symbolSize, chipHeight), ink);
     if (Surface::showsFocus(*this))
         Surface::drawFocusRing(painter, area, radius);

@@ -1,7 +1,6 @@
 #include "app/components/CopyableText.h"
 
 #include "app/look/Surface.h"
-#include "app/look/TextWidth.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -24,7 +23,7 @@ CopyableText::CopyableText(Clock& clock, const QString& help, QWidget* parent)
 
 QSize CopyableText::sizeHint() const
 {
-    return {2 * sidePadding + textWidth(font(), text()) + gap + symbolSize, lineHeight};
+    return {2 * sidePadding + textWidth() + gap + symbolSize, lineHeight};
 }
 
 QSize CopyableText::minimumSizeHint() const
@@ -36,10 +35,9 @@ void CopyableText::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     const int room = width() - 2 * sidePadding - gap - symbolSize;
-    const int shownWidth = std::min(room, textWidth(font(), text()));
+    const int shownWidth = std::min(room, textWidth());
     painter.setPen(Theme::color(Theme::Token::text));
-    painter.drawText(QRect(sidePadding, 0, shownWidth, height()), Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, shownWidth));
+    drawText(painter, QRect(sidePadding, 0, shownWidth, height()));
     const Theme::Token ink = showsMark() ? Theme::Token::upInk
         : underMouse()                   ? Theme::Token::text
                                          : Theme::Token::textSecondary;

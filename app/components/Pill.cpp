@@ -2,7 +2,6 @@
 
 #include "app/look/Surface.h"
 #include "app/look/Symbols.h"
-#include "app/look/TextWidth.h"
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
 
@@ -30,7 +29,7 @@ Pill::Pill(const PillTabs::Tab& tab, Module module, PillTabs& row)
     setText(withoutMnemonic(tab.label));
     setCheckable(true);
     setAttribute(Qt::WA_Hover);
-    setFont(Theme::font(Theme::FontRole::captionBold)); // the wider of both weights, so that nothing shifts
+    setFont(Theme::font(Theme::FontRole::captionBold));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -41,7 +40,8 @@ const QString& Pill::value() const
 
 QSize Pill::sizeHint() const
 {
-    return {before + symbolSize + gap + textWidth(font(), m_tab.label) + after, Metric::pillHeight};
+    m_checkedLine.set(m_tab.label, font());
+    return {before + symbolSize + gap + m_checkedLine.width() + after, Metric::pillHeight};
 }
 
 void Pill::keyPressEvent(QKeyEvent* event)
@@ -70,10 +70,10 @@ void Pill::paintEvent(QPaintEvent* /*event*/)
     const QColor ink = Theme::color(isChecked() ? Theme::Token::onAccent : Theme::Token::text);
     Symbols::draw(painter, QRectF(before, 0, symbolSize, height()), m_tab.symbol, symbolSize, ink);
     painter.setPen(ink);
-    painter.setFont(Theme::font(isChecked() ? Theme::FontRole::captionBold : Theme::FontRole::captionMedium));
     constexpr int textStart = before + symbolSize + gap;
-    painter.drawText(QRectF(textStart, 0, width() - textStart, height()),
-                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, m_tab.label);
+    TextLine& line = isChecked() ? m_checkedLine : m_clearLine;
+    line.set(m_tab.label, isChecked() ? font() : Theme::font(Theme::FontRole::captionMedium));
+    line.draw(painter, QRectF(textStart, 0, width() - textStart, height()));
     if (!Surface::showsFocus(*this))
         return;
     if (isChecked())

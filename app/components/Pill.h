@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/components/PillTabs.h"
+#include "app/look/TextLine.h"
 
 namespace zelta {
 
@@ -25,6 +26,8 @@ private:
     PillTabs& m_row;
     PillTabs::Tab m_tab;
     Module m_module;
+    mutable TextLine m_checkedLine; ///< The wider one: nothing shifts when another tab is chosen.
+    TextLine m_clearLine;
 };
 
 } // namespace zelta

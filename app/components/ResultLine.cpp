@@ -3,7 +3,6 @@
 #include "app/components/Label.h"
 #include "app/look/Surface.h"
 #include "app/look/Symbols.h"
-#include "app/look/TextWidth.h"
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
 
@@ -15,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <optional>
 
 namespace zelta {
 
@@ -74,30 +74,52 @@ struct Line
     [[nodiscard]] int height() const { return ascent + descent; }
 };
 
+/// The value as text that can be selected. Shaping it in a document is slow, so the line itself draws it
+/// until a part of it is selected.
+class SelectableValue final : public Label
+{
+public:
+    using Label::Label;
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        if (hasSelectedText())
+            Label::paintEvent(event);
+    }
+};
+
 } // namespace
 
-void ResultLine::Text::set(const QString& newText, const QFont& newFont)
+void ResultLine::Text::set(const QString& text, const QFont& font)
 {
-    if (newFont != font || ascent == 0) {
-        font = newFont;
+    if (font != line.font() || ascent == 0) {
         const QFontMetrics metrics(font);
         ascent = metrics.ascent();
         descent = metrics.descent();
-    } else if (newText == text) {
-        return;
     }
-    text = newText;
-    width = textWidth(font, text);
+    line.set(text, font);
 }
 
 QString ResultLine::Text::elided(Qt::TextElideMode mode, int room) const
 {
-    return width <= room ? text : QFontMetrics(font).elidedText(text, mode, room);
+    return width() <= room ? text() : QFontMetrics(line.font()).elidedText(text(), mode, room);
+}
+
+void ResultLine::Text::draw(QPainter& painter, const QRect& place, Qt::TextElideMode mode,
+                            Qt::Alignment side) const
+{
+    std::optional<TextLine> cut;
+    if (width() > place.width())
+        cut.emplace().set(elided(mode, place.width()), line.font());
+    const TextLine& shown = cut ? *cut : line;
+    const double spare = std::max(0.0, place.width() - shown.advance());
+    shown.draw(painter, place.left() + (side.testFlag(Qt::AlignRight) ? spare : 0), place.top() + ascent);
 }
 
 ResultLine::ResultLine(QWidget* parent)
     : QAbstractButton(parent)
-    , m_valueLabel(new Label(QString(), this))
+    , m_valueLabel(new SelectableValue(QString(), this))
 {
     m_valueLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_valueLabel->setFocusPolicy(Qt::NoFocus);
@@ -121,15 +143,15 @@ void ResultLine::setRow(const ResultRow& row)
     m_label.set(toQt(row.label), Theme::font(headline ? Theme::FontRole::bodyBold : Theme::FontRole::body));
     m_note.set(row.note ? toQt(*row.note) : QString(), Theme::font(Theme::FontRole::caption));
     m_value.set(toQt(row.value), Theme::font(role));
-    if (m_valueLabel->font() != m_value.font)
+    if (m_valueLabel->font() != m_value.line.font())
         m_valueLabel->setRole(role);
     m_valueLabel->setToken(isReference() ? Theme::Token::text : valueToken(row));
 
-    QString name = isReference() ? m_value.text : m_label.text + QStringLiteral(": ") + m_value.text;
+    QString name = isReference() ? m_value.text() : m_label.text() + QStringLiteral(": ") + m_value.text();
     if (row.note)
-        name += QStringLiteral(" (") + m_note.text + QStringLiteral(")");
+        name += QStringLiteral(" (") + m_note.text() + QStringLiteral(")");
     setAccessibleName(name);
-    setToolTip(QStringLiteral("Click to copy “%1”").arg(m_value.text));
+    setToolTip(QStringLiteral("Click to copy “%1”").arg(m_value.text()));
     place();
     update();
 }
@@ -149,7 +171,7 @@ bool ResultLine::isHighlighted() const
 
 QSize ResultLine::sizeHint() const
 {
-    const int texts = m_label.width + m_note.width + m_value.width;
+    const int texts = m_label.width() + m_note.width() + m_value.width();
     return {texts + 3 * gap + symbolSize + 2 * bleed, leastHeight(m_row.weight)};
 }
 
@@ -169,11 +191,11 @@ ResultLine::Arrangement ResultLine::arrange(int width) const
     const int left = bleed;
     const int right = std::max(left, width - bleed - symbolSize - gap);
     const int room = right - left;
-    const int labelWidth = std::min(room, m_label.width);
-    const int noteWidth = std::min(room, m_note.width);
-    const int valueWidth = std::min(room, m_value.width);
-    const bool hasLabel = !m_label.text.isEmpty();
-    const bool hasNote = !m_note.text.isEmpty();
+    const int labelWidth = std::min(room, m_label.width());
+    const int noteWidth = std::min(room, m_note.width());
+    const int valueWidth = std::min(room, m_value.width());
+    const bool hasLabel = !m_label.text().isEmpty();
+    const bool hasNote = !m_note.text().isEmpty();
     const int labelTaken = hasLabel ? labelWidth + gap : 0;
     const int noteTaken = hasNote ? noteWidth + gap : 0;
 
@@ -226,9 +248,9 @@ bool ResultLine::event(QEvent* event)
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const auto showElided = [&](const Text& text, const QRect& place) {
-            if (!place.contains(help->pos()) || text.width <= place.width())
+            if (!place.contains(help->pos()) || text.width() <= place.width())
                 return false;
-            QToolTip::showText(help->globalPos(), text.text, this, place);
+            QToolTip::showText(help->globalPos(), text.text(), this, place);
             return true;
         };
         if (showElided(m_label, m_places.label) || showElided(m_note, m_places.note))
@@ -335,15 +357,15 @@ void ResultLine::paintEvent(QPaintEvent* /*event*/)
     const bool hovered = underMouse();
     Surface::drawPress(painter, rect(), Metric::controlRadius,
                        hovered ? Surface::Press::hovered : Surface::Press::none);
-    const auto drawText = [&](const Text& text, const QRect& place, Qt::TextElideMode mode) {
-        painter.setFont(text.font);
-        painter.drawText(place.left(), place.top() + text.ascent, text.elided(mode, place.width()));
-    };
     painter.setPen(
         Theme::color(m_row.weight == Weight::detail ? Theme::Token::textSecondary : Theme::Token::text));
-    drawText(m_label, m_places.label, Qt::ElideMiddle);
+    m_label.draw(painter, m_places.label, Qt::ElideMiddle);
     painter.setPen(Theme::color(Theme::Token::textSecondary));
-    drawText(m_note, m_places.note, Qt::ElideRight);
+    m_note.draw(painter, m_places.note, Qt::ElideRight);
+    if (!m_valueLabel->hasSelectedText()) {
+        painter.setPen(m_valueLabel->palette().color(m_valueLabel->foregroundRole()));
+        m_value.draw(painter, m_places.value, Qt::ElideMiddle, m_valueLabel->alignment());
+    }
 
     const QRect symbol(width() - bleed - symbolSize, 0, symbolSize, height());
     if (m_marked)

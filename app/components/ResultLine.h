@@ -1,11 +1,10 @@
 #pragma once
 
+#include "app/look/TextLine.h"
 #include "core/ResultRow.h"
 
 #include <QAbstractButton>
-#include <QFont>
 #include <QRect>
-#include <QString>
 
 namespace zelta {
 
@@ -60,18 +59,20 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// A text with what the arrangement needs to know of it, measured once: shaping text is slow.
+    /// A text with what the arrangement needs to know of it.
     struct Text
     {
-        QString text;
-        QFont font;
-        int width = 0;
+        TextLine line;
         int ascent = 0;
         int descent = 0;
 
-        void set(const QString& newText, const QFont& newFont);
+        void set(const QString& text, const QFont& font);
+        [[nodiscard]] int width() const { return line.width(); }
+        [[nodiscard]] QString text() const { return line.text(); }
         /// The whole text where `room` holds it.
         [[nodiscard]] QString elided(Qt::TextElideMode mode, int room) const;
+        void draw(QPainter& painter, const QRect& place, Qt::TextElideMode mode,
+                  Qt::Alignment side = Qt::AlignLeft) const;
     };
 
     /// Where each text goes at a width; `y` of a rectangle is the top of its font.

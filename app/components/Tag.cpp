@@ -1,7 +1,6 @@
 #include "app/components/Tag.h"
 
 #include "app/look/Surface.h"
-#include "app/look/TextWidth.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -26,7 +25,7 @@ void Tag::setColors(Theme::Token ink, Theme::Token fill, double opacity)
 
 QSize Tag::sizeHint() const
 {
-    const int text = textWidth(font(), this->text());
+    const int text = Label::sizeHint().width();
     return {std::max(m_shape.minimumWidth, text + 2 * m_shape.sidePadding), m_shape.height};
 }
 

@@ -2,7 +2,6 @@
 
 #include "app/components/ModuleGlyph.h"
 #include "app/look/Surface.h"
-#include "app/look/TextWidth.h"
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
 
@@ -42,8 +41,8 @@ SidebarRow::SidebarRow(Module module, const QString& subtitle, QWidget* parent)
 void SidebarRow::setSubtitle(const QString& subtitle)
 {
     m_subtitle.setText(subtitle);
-    m_brokenFor = -1;
-    m_subtitleWidth = textWidth(m_subtitle.font(), subtitle);
+    breakSubtitle(QWIDGETSIZE_MAX);
+    m_subtitleWidth = m_subtitle.lineCount() > 0 ? m_subtitle.lineAt(0).horizontalAdvance() : 0;
     setAccessibleDescription(subtitle);
     updateGeometry();
     update();
@@ -87,10 +86,10 @@ void SidebarRow::paintEvent(QPaintEvent* /*event*/)
 
     ModuleGlyph::draw(painter, QRectF(padding, padding, badgeSize, badgeSize), symbol(m_module),
                       Theme::tint(m_module));
-    painter.setFont(font());
     painter.setPen(Theme::color(Theme::Token::text));
     const QFontMetrics titleMetrics(font());
-    painter.drawText(textLeft, padding + titleMetrics.ascent(), text());
+    m_title.set(text(), font());
+    m_title.draw(painter, textLeft, padding + titleMetrics.ascent());
 
     painter.setPen(Theme::color(Theme::Token::textSecondary));
     paintSubtitle(painter, padding + titleMetrics.height() + subtitleGap);
@@ -103,20 +102,20 @@ int SidebarRow::subtitleLines(int width) const
     return m_subtitleWidth <= width - textLeft - padding ? 1 : maxSubtitleLines;
 }
 
-void SidebarRow::breakSubtitle(int width)
+void SidebarRow::breakSubtitle(double width)
 {
-    if (width == m_brokenFor)
-        return;
     m_brokenFor = width;
     m_subtitle.beginLayout();
     for (QTextLine line = m_subtitle.createLine(); line.isValid(); line = m_subtitle.createLine())
-        line.setLineWidth(width - textLeft - padding);
+        line.setLineWidth(width);
     m_subtitle.endLayout();
 }
 
 void SidebarRow::paintSubtitle(QPainter& painter, int top)
 {
-    breakSubtitle(width());
+    const double room = width() - textLeft - padding;
+    if (room != m_brokenFor && std::min(room, m_brokenFor) < m_subtitleWidth)
+        breakSubtitle(room);
     const int lines = std::min(m_subtitle.lineCount(), maxSubtitleLines);
     for (int i = 0; i < lines; ++i) {
         const QTextLine line = m_subtitle.lineAt(i);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/look/TextLine.h"
 #include "app/model/Module.h"
 
 #include <QRadioButton>
@@ -29,13 +30,14 @@ protected:
 
 private:
     [[nodiscard]] int subtitleLines(int width) const;
-    void breakSubtitle(int width);
+    void breakSubtitle(double width);
     void paintSubtitle(QPainter& painter, int top);
 
     Module m_module;
-    QTextLayout m_subtitle; ///< Broken for rows of the width below.
-    int m_brokenFor = -1;
-    int m_subtitleWidth = 0; ///< On one line.
+    TextLine m_title;
+    QTextLayout m_subtitle; ///< Broken into lines of at most the width below.
+    double m_brokenFor = -1;
+    double m_subtitleWidth = 0; ///< On one line.
 };
 
 } // namespace zelta

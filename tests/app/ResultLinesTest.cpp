@@ -154,6 +154,24 @@ TEST(ResultLines, SelectTextOnADragOfFourPixels)
     EXPECT_EQ(value->selectedText(), QStringLiteral("66.6667%"));
 }
 
+TEST(ResultLines, ShowAValueInTheSamePlaceWhenItIsSelected)
+{
+    Rows rows = fourRows;
+    rows.push_back({"Elided", std::string(90, '8'), {}, Weight::primary, Tone::neutral});
+    Stage stage(rows);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        QLabel* value = stage.value(i);
+        QPalette palette;
+        palette.setColor(QPalette::Highlight, Qt::transparent);
+        palette.setColor(QPalette::HighlightedText, value->palette().color(value->foregroundRole()));
+        stage.window.setPalette(palette);
+        const QImage before = stage.line(i)->grab().toImage();
+        value->setSelection(0, static_cast<int>(value->text().size()));
+        ASSERT_TRUE(value->hasSelectedText());
+        EXPECT_EQ(stage.line(i)->grab().toImage(), before) << rows[i].value;
+    }
+}
+
 TEST(ResultLines, CopyNothingOnADragOverTheLabel)
 {
     const Stage stage;
