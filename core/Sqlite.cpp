@@ -94,6 +94,10 @@ Connection Connection::open(const std::string& path)
         throw StoreError {StoreError::Kind::open, "unknown"};
     if (result != SQLITE_OK)
         throw StoreError {StoreError::Kind::open, sqlite3_errmsg(handle)};
+    // The engine takes such a file for reading only, and with the first statement leaves log files beside it
+    // that have its mode: they would stop every write once the file itself can be written again.
+    if (sqlite3_db_readonly(handle, "main") == 1)
+        throw StoreError {StoreError::Kind::sql, sqlite3_errstr(SQLITE_READONLY)};
     return connection;
 }
 

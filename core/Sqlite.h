@@ -59,9 +59,9 @@ class Connection
 public:
     Connection() = default;
 
-    /// Opens, and creates when missing, for reading and writing in serialized mode. `path` is absolute UTF-8
-    /// or ":memory:". A lock held elsewhere fails a statement at once, until `waitForLocks`. Throws
-    /// StoreError.
+    /// Opens, and creates when missing, for reading and writing in serialized mode; what can only be read is
+    /// an error. `path` is absolute UTF-8 or ":memory:". A lock held elsewhere fails a statement at once,
+    /// until `waitForLocks`. Throws StoreError.
     static Connection open(const std::string& path);
 
     /// Lets every statement from now on wait for a lock, for at most so many milliseconds.

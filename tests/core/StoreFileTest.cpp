@@ -326,6 +326,15 @@ TEST_F(StoreFile, WorksInMemoryWhenTheFileIsWriteProtected)
               }),
               1);
     EXPECT_EQ(contents(file), kept);
+
+    chmod(file.c_str(), 0666);
+    EXPECT_EQ(test::asOrdinaryUser([&] {
+                  Store store(file);
+                  return int {store.isPersistent() && store.history(500).size() == 1
+                              && store.addHistory(someEntry)};
+              }),
+              1)
+        << "nothing of the first try is in the way";
 }
 
 TEST_F(StoreFile, SaysThatAWriteFoundNoRoomAndLosesNothingEarlier)
