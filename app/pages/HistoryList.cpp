@@ -2,7 +2,7 @@
 
 #include "app/pages/HistoryCard.h"
 
-#include <QApplication>
+#include <QResizeEvent>
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
@@ -12,7 +12,6 @@ namespace zelta {
 namespace {
 
 constexpr int gap = 10;
-constexpr std::size_t batch = 12; // fills a window of usual height
 
 } // namespace
 
@@ -41,11 +40,29 @@ void HistoryList::setEntries(std::vector<HistoryEntry> entries, TimeText timeTex
     placeCards();
 }
 
-bool HistoryList::makeMore()
+int HistoryList::fill(const QRect& seen, int around)
+{
+    if (m_entries.empty())
+        return 0;
+    const std::size_t topmost = entryAt(seen.top());
+    const int before = m_tops[topmost];
+    // Cards shorter than the usual let others come in.
+    while (makeMissing(seen.top() - around, seen.bottom() + around)) { }
+    return m_tops[topmost] - before;
+}
+
+/// The entry whose place, or the gap below it, is at this height; the first or last one beyond them.
+std::size_t HistoryList::entryAt(int y) const
+{
+    const auto below = std::upper_bound(m_tops.begin() + 1, m_tops.end(), y);
+    return static_cast<std::size_t>(below - m_tops.begin()) - 1;
+}
+
+bool HistoryList::makeMissing(int top, int bottom)
 {
     std::vector<HistoryCard*> shown;
     bool insideList = false;
-    for (std::size_t i = 0; i < m_entries.size() && shown.size() < batch; ++i) {
+    for (std::size_t i = entryAt(top); i < m_entries.size() && m_tops[i] <= bottom; ++i) {
         if (m_cards[i] == nullptr) {
             m_cards[i] = makeCard(m_entries[i]);
             const auto isMade = [](const HistoryCard* later) { return later != nullptr; };
@@ -82,9 +99,12 @@ HistoryCard* HistoryList::card(std::int64_t id) const
     return found == m_cards.end() ? nullptr : *found;
 }
 
-void HistoryList::resizeEvent(QResizeEvent* /*event*/)
+void HistoryList::resizeEvent(QResizeEvent* event)
 {
+    if (event->size().width() == event->oldSize().width())
+        return; // its own height, which follows from the cards
     placeCards();
+    Q_EMIT placesChanged();
 }
 
 HistoryCard* HistoryList::makeCard(const HistoryEntry& entry)
@@ -93,7 +113,10 @@ HistoryCard* HistoryList::makeCard(const HistoryEntry& entry)
     connect(card, &HistoryCard::copyRequested, this, [this, card] { Q_EMIT copyRequested(card->entry()); });
     connect(card, &HistoryCard::deletionRequested, this,
             [this, card] { Q_EMIT deletionRequested(card->entry()); });
-    connect(card, &HistoryCard::heightChanged, this, &HistoryList::placeCards);
+    connect(card, &HistoryCard::heightChanged, this, [this] {
+        placeCards();
+        Q_EMIT placesChanged();
+    });
     return card;
 }
 
@@ -117,7 +140,9 @@ void HistoryList::placeCards()
 {
     const int usualHeight = HistoryCard::usualHeight();
     int y = 0;
+    m_tops.clear();
     for (HistoryCard* card : m_cards) {
+        m_tops.push_back(y);
         int height = usualHeight;
         if (card != nullptr) {
             height = card->heightForWidth(width());

@@ -10,8 +10,8 @@ namespace zelta {
 
 class HistoryCard;
 
-/// The cards of all entries, one below the other. Those that are seen first are made first; the places of the
-/// others are kept free for them, so that the page has its length from the start.
+/// The cards of all entries, one below the other. A card is made when its place comes into view; until then
+/// its place is kept free at the usual height, so that the page has its length from the start.
 class HistoryList : public QWidget
 {
     Q_OBJECT
@@ -25,8 +25,10 @@ public:
     /// that stay are kept, with their unfolded details and the focus.
     void setEntries(std::vector<HistoryEntry> entries, TimeText timeText);
 
-    /// Makes and shows the next few of the cards that are missing or at rest. False when none was.
-    bool makeMore();
+    /// Makes and shows the cards whose places are in the seen part of the list, or so far above or below it.
+    /// Gives how far the topmost seen entry went down for that: a card above it may turn out taller than the
+    /// usual.
+    int fill(const QRect& seen, int around);
 
     /// Hides all cards outside `seen`, for a page that is left: showing thousands of widgets at once takes
     /// longer than it may when the page is seen again.
@@ -39,10 +41,15 @@ Q_SIGNALS:
     void copyRequested(const HistoryEntry& entry);
     void deletionRequested(const HistoryEntry& entry);
 
+    /// Entries have other places, at another width or with other details unfolded: some may come into view.
+    void placesChanged();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    [[nodiscard]] std::size_t entryAt(int y) const;
+    bool makeMissing(int top, int bottom);
     HistoryCard* makeCard(const HistoryEntry& entry);
     void orderCards();
     void placeCards();
@@ -50,6 +57,7 @@ private:
     TimeText m_timeText;
     std::vector<HistoryEntry> m_entries;
     std::vector<HistoryCard*> m_cards; ///< One for each entry, null until it is made.
+    std::vector<int> m_tops; ///< Where each entry has its place.
 };
 
 } // namespace zelta

@@ -14,6 +14,9 @@
 #include "app/pages/HistoryList.h"
 #include "core/CalendarKit.h"
 
+#include <QCoreApplication>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <string>
@@ -24,6 +27,7 @@ namespace zelta {
 namespace {
 
 constexpr int mostEntries = 500;
+constexpr int cardsAround = 320; // pixels above and below what is seen that are ready as well
 
 } // namespace
 
@@ -43,6 +47,7 @@ HistoryView::HistoryView(AppModel& model, QWidget* parent)
 
     connect(m_list, &HistoryList::copyRequested, this, &HistoryView::copy);
     connect(m_list, &HistoryList::deletionRequested, this, &HistoryView::remove);
+    connect(m_list, &HistoryList::placesChanged, this, &HistoryView::fillView);
     connect(&model, &AppModel::historyTokenChanged, this, [this] {
         if (isVisible())
             load();
@@ -51,6 +56,8 @@ HistoryView::HistoryView(AppModel& model, QWidget* parent)
 
 void HistoryView::showEvent(QShowEvent* event)
 {
+    if (m_viewport == nullptr)
+        enterArea();
     load();
     QWidget::showEvent(event);
 }
@@ -58,11 +65,60 @@ void HistoryView::showEvent(QShowEvent* event)
 void HistoryView::hideEvent(QHideEvent* event)
 {
     // What is in view stays ready, wherever the page is scrolled to.
-    const QWidget* frame = parentWidget() != nullptr ? parentWidget()->parentWidget() : nullptr;
-    const QWidget* around = frame != nullptr ? frame : this;
-    m_list->rest(QRect(m_list->mapFrom(around, QPoint()), around->size()));
-    m_nextCards.cancel();
+    m_list->rest(seen());
+    m_cardsAround.cancel();
     QWidget::hideEvent(event);
+}
+
+void HistoryView::enterArea()
+{
+    const QScrollArea* area = nullptr;
+    for (QWidget* around = parentWidget(); around != nullptr && area == nullptr;
+         around = around->parentWidget())
+        area = qobject_cast<QScrollArea*>(around);
+    if (area == nullptr)
+        return;
+    m_viewport = area->viewport();
+    m_scrollBar = area->verticalScrollBar();
+    m_viewport->installEventFilter(this);
+    connect(m_scrollBar, &QScrollBar::valueChanged, this, [this] { fill(cardsAround); });
+}
+
+bool HistoryView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize)
+        fillView();
+    return QWidget::eventFilter(watched, event);
+}
+
+/// The part of the list that can be seen; all of it where nothing scrolls.
+QRect HistoryView::seen() const
+{
+    if (m_viewport == nullptr)
+        return m_list->rect();
+    return {m_list->mapFrom(m_viewport, QPoint()), m_viewport->size()};
+}
+
+/// Makes the cards that can be seen, and then those around them, for the Tab key and the next turn of the
+/// wheel: a picture does not wait for these.
+void HistoryView::fillView()
+{
+    using namespace std::chrono_literals;
+    fill(0);
+    m_cardsAround = m_model.clock().after(1ms, [this] { fill(cardsAround); });
+}
+
+/// Makes the cards that can be seen, and those so far around them.
+void HistoryView::fill(int around)
+{
+    if (!isVisible())
+        return;
+    const int moved = m_list->fill(seen(), around);
+    if (moved == 0 || m_scrollBar == nullptr)
+        return;
+    // What is being read stays where it is. The scroll bar learns of the new length first.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    m_scrollBar->setValue(m_scrollBar->value() + moved);
 }
 
 QWidget* HistoryView::makeHeader()
@@ -107,15 +163,8 @@ void HistoryView::load()
         const std::string date = CalendarKit::fullDate(entry.createdAt, calendar);
         return toQt(date + " · " + m_model.clockText(entry.createdAt));
     });
-    makeMoreCards();
-}
-
-/// A batch now, the others one after another as soon as the window has nothing else to do.
-void HistoryView::makeMoreCards()
-{
-    using namespace std::chrono_literals;
-    if (m_list->makeMore())
-        m_nextCards = m_model.clock().after(1ms, [this] { makeMoreCards(); });
+    layout()->activate(); // a card's height depends on the list's width
+    fillView();
 }
 
 void HistoryView::copy(const HistoryEntry& entry)

@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+class QScrollBar;
+
 namespace zelta {
 
 class AppModel;
@@ -16,13 +18,16 @@ class HistoryList;
 class Label;
 
 /// The saved calculations, newest first: read in full, copy, delete one or all. Loads when it is shown and
-/// after every write while it is.
+/// after every write while it is. Stands in a scroll area, whose viewport says which entries need their
+/// cards.
 class HistoryView : public QWidget
 {
     Q_OBJECT
 
 public:
     explicit HistoryView(AppModel& model, QWidget* parent = nullptr);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -32,7 +37,10 @@ private:
     QWidget* makeHeader();
     QWidget* makeEmptyState();
     void load();
-    void makeMoreCards();
+    void enterArea();
+    void fillView();
+    void fill(int around);
+    [[nodiscard]] QRect seen() const;
     void copy(const HistoryEntry& entry);
     void showCopied();
     void remove(const HistoryEntry& entry);
@@ -43,10 +51,14 @@ private:
     Label* m_count = nullptr;
     Button* m_clear = nullptr;
     HistoryList* m_list = nullptr;
+    // Of the scroll area around the page, known once it is shown. The page is hidden for the last time when
+    // the area itself is half gone already.
+    QWidget* m_viewport = nullptr;
+    QScrollBar* m_scrollBar = nullptr;
     QWidget* m_empty = nullptr;
     CopyMark m_copyMark;
     std::optional<std::int64_t> m_marked; ///< Whose card shows the check mark.
-    Clock::Task m_nextCards;
+    Clock::Task m_cardsAround;
 };
 
 } // namespace zelta

@@ -1,14 +1,9 @@
-#include "app/pages/HistoryView.h"
-
-#include "app/components/Button.h"
 #include "app/components/ConfirmDialog.h"
 #include "app/components/EmptyState.h"
 #include "app/components/IconButton.h"
-#include "app/components/Label.h"
 #include "app/model/Text.h"
-#include "app/pages/HistoryCard.h"
 #include "app/pages/HistoryDetail.h"
-#include "tests/app/support/TestModel.h"
+#include "tests/app/support/HistoryStage.h"
 
 #include <gtest/gtest.h>
 
@@ -24,68 +19,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-struct HistoryViewTest : testing::Test
-{
-    test::TestModel test;
-    HistoryView view {test.model};
-
-    HistoryViewTest() { view.resize(800, 700); }
-
-    void save(const std::string& title, const std::string& module = "percent",
-              Instant time = test::HandClock::noon)
-    {
-        ASSERT_TRUE(test.model.store().addHistory(
-            {0, time, module, title, "Summary of " + title, "First of " + title + "\nSecond"}));
-    }
-
-    /// Shows the page and lets it make all its cards.
-    void show()
-    {
-        view.show();
-        test.clock.advance(1s);
-    }
-
-    /// From the top of the page down.
-    std::vector<HistoryCard*> cards() const
-    {
-        std::vector<HistoryCard*> shown;
-        for (auto* card : view.findChildren<HistoryCard*>()) {
-            if (card->isVisible())
-                shown.push_back(card);
-        }
-        std::sort(shown.begin(), shown.end(), [](auto* a, auto* b) { return a->y() < b->y(); });
-        return shown;
-    }
-
-    std::vector<std::string> titles() const
-    {
-        std::vector<std::string> all;
-        for (const HistoryCard* card : cards())
-            all.push_back(card->entry().title);
-        return all;
-    }
-
-    static QStringList texts(const QWidget& widget)
-    {
-        QStringList all;
-        for (const auto* label : widget.findChildren<Label*>()) {
-            if (label->isVisible())
-                all << label->text();
-        }
-        return all;
-    }
-
-    template <class Kind> Kind* button(const QWidget& widget, const QString& name) const
-    {
-        for (auto* candidate : widget.findChildren<Kind*>()) {
-            if (candidate->accessibleName() == name || candidate->label() == name)
-                return candidate;
-        }
-        return nullptr;
-    }
-
-    Button* clearButton() const { return button<Button>(view, QStringLiteral("Clear history")); }
-};
+struct HistoryViewTest : testing::Test, test::HistoryStage
+{ };
 
 using Titles = std::vector<std::string>;
 
@@ -159,45 +94,6 @@ TEST_F(HistoryViewTest, ShowsAnEntryOfAnUnknownPage)
     show();
     EXPECT_EQ(titles(), Titles {"beads"});
     EXPECT_FALSE(view.grab().isNull()) << "its badge has a symbol";
-}
-
-TEST_F(HistoryViewTest, ListsFiveHundredOfMore)
-{
-    for (int i = 0; i < 501; ++i)
-        save(std::to_string(i), "percent", Instant(std::chrono::seconds(i)));
-    show();
-    EXPECT_EQ(cards().size(), 500U);
-    EXPECT_EQ(titles().front(), "500");
-    EXPECT_EQ(titles().back(), "1");
-    EXPECT_TRUE(texts(view).contains(QStringLiteral("500 saved")));
-}
-
-TEST_F(HistoryViewTest, MakesFirstWhatIsSeenFirst)
-{
-    for (int i = 0; i < 100; ++i)
-        save(std::to_string(i));
-    view.show();
-    const auto first = cards().size();
-    EXPECT_GE(first, 8U) << "a window's height of cards";
-    EXPECT_LT(first, 30U);
-    const int length = view.sizeHint().height();
-    test.clock.advance(1s);
-    EXPECT_EQ(cards().size(), 100U);
-    EXPECT_EQ(view.sizeHint().height(), length) << "the page has its length from the start";
-}
-
-TEST_F(HistoryViewTest, ShowsAllCardsAgainWhenItIsSeenAgain)
-{
-    for (int i = 0; i < 100; ++i)
-        save(std::to_string(i));
-    show();
-    const auto all = titles();
-    view.hide();
-    view.show();
-    EXPECT_GE(cards().size(), 8U) << "those in view at once";
-    EXPECT_LT(cards().size(), 50U);
-    test.clock.advance(1s);
-    EXPECT_EQ(titles(), all);
 }
 
 TEST_F(HistoryViewTest, FoldsTheDetailsOfEachEntryOnItsOwn)
@@ -307,7 +203,7 @@ TEST_F(HistoryViewTest, DeletingWithTheKeyboardMovesToTheNextEntry)
     for (const char* title : {"c", "b", "a"})
         save(title);
     show();
-    QApplication::setActiveWindow(&view);
+    QApplication::setActiveWindow(&area);
     cards()[1]->deleteButton()->setFocus();
     QTest::keyClick(cards()[1]->deleteButton(), Qt::Key_Space);
     EXPECT_EQ(titles(), (Titles {"a", "c"}));
@@ -355,7 +251,7 @@ TEST_F(HistoryViewTest, TabGoesFromTopToBottomAlsoAfterANewEntry)
     show();
     test.model.record(Module::percent, "new", {{"label", "1", {}, Weight::headline, {}}});
     test.clock.advance(1s);
-    QApplication::setActiveWindow(&view);
+    QApplication::setActiveWindow(&area);
     clearButton()->setFocus();
     for (const HistoryCard* card : cards()) {
         for (QWidget* control : card->controls()) {
