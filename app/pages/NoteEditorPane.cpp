@@ -66,6 +66,7 @@ void NoteEditorPane::show(const Note* note)
     m_add->setVisible(note != nullptr);
     if (note != nullptr)
         showWords(*note);
+    layout()->activate(); // the paragraphs are laid out at the width that they get
     m_paragraphs->show(note);
 }
 

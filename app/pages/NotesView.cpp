@@ -332,6 +332,7 @@ void NotesView::showEvent(QShowEvent* event)
     if (event->spontaneous())
         return;
     if (!std::exchange(m_isLoaded, true)) {
+        layout()->activate(); // a note is laid out at the width that it gets
         load(OnReload::selectFirst);
         return;
     }

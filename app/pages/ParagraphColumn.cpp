@@ -156,9 +156,10 @@ void ParagraphColumn::makeEditor(Row& row)
 {
     auto* made = new TextBlockEditor(m_clock, m_content);
     row.editor = made;
-    made->setValue(std::exchange(row.text, {}));
+    // The text comes last, so that it is laid out once, at the width that it keeps.
     made->resize(rowWidth(), minHeight);
     made->setVisible(true);
+    made->setValue(std::exchange(row.text, {}));
     connect(made, &TextBlockEditor::heightChanged, this, &ParagraphColumn::placeRows);
     connect(made, &TextBlockEditor::published, this,
             [this, noteId = *m_noteId, key = row.key](const std::string& text) {

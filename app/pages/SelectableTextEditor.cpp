@@ -32,6 +32,9 @@ SelectableTextEditor::SelectableTextEditor(QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
+    // With the view's own width for its lines Qt would lay the text out again at each new height.
+    setLineWrapColumnOrWidth(viewport()->width());
+    setLineWrapMode(QTextEdit::FixedPixelWidth);
     applyOption();
     m_text.set({});
     document->clearUndoRedoStacks(); // the margin has been a step
@@ -58,11 +61,12 @@ void SelectableTextEditor::setText(const QString& text)
         return;
     const QScopedValueRollback<bool> setting(m_isSetting, true);
     const int caret = textCursor().position();
-    setPlainText(m_text.set(text));
+    const QString pieces = m_text.set(text);
+    applyDirection(); // lays out what was there before, mostly nothing
+    setPlainText(pieces);
     QTextCursor cursor = textCursor();
     cursor.setPosition(std::min(caret, document()->characterCount() - 1));
     setTextCursor(cursor);
-    applyDirection();
 }
 
 int SelectableTextEditor::textHeight() const
@@ -171,6 +175,13 @@ void SelectableTextEditor::paintEvent(QPaintEvent* event)
         viewport()->update();
     }
     QTextEdit::paintEvent(event);
+}
+
+void SelectableTextEditor::resizeEvent(QResizeEvent* event)
+{
+    if (lineWrapColumnOrWidth() != viewport()->width())
+        setLineWrapColumnOrWidth(viewport()->width());
+    QTextEdit::resizeEvent(event);
 }
 
 /// The page scrolls, never the paragraph.
