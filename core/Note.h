@@ -66,6 +66,15 @@ struct Note
     Instant updatedAt; ///< When the text last changed.
 };
 
+/// What finds a note and its place in a list, without its text.
+struct NoteStamp
+{
+    std::int64_t id = 0;
+    Instant updatedAt;
+
+    friend bool operator==(const NoteStamp&, const NoteStamp&) = default;
+};
+
 } // namespace zelta
 
 // Written out as a namespace: the meta-object compiler cannot read `struct std::hash<…>`.

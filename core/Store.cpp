@@ -70,10 +70,12 @@ HistoryEntry readHistoryEntry(const Statement& row)
             .detail = std::string(row.text(5))};
 }
 
-/// Reads rows of id, created_at, updated_at, blocks.
+/// Reads rows of `columns`.
 class NoteRows
 {
 public:
+    static constexpr std::string_view columns = "id, created_at, updated_at, blocks";
+
     Note operator()(const Statement& row)
     {
         return {row.integer(0), m_blocks.read(row.text(3)), toInstant(row.real(1)), toInstant(row.real(2))};
@@ -211,22 +213,36 @@ bool Store::deleteNote(std::int64_t id)
     return run("DELETE FROM notes WHERE id = ?;", id);
 }
 
-std::vector<Note> Store::notes(std::string_view search, std::int64_t limit)
+template <class Row, class Read>
+std::vector<Row> Store::selectNotes(std::string_view columns, std::string_view search, std::int64_t limit,
+                                    Read&& read)
 {
     const std::string text = Unicode::lowerCase(Unicode::trim(search));
-    std::string sql = "SELECT id, created_at, updated_at, blocks FROM notes";
+    std::string sql = "SELECT " + std::string(columns) + " FROM notes";
     if (!text.empty())
         sql += " WHERE search LIKE ?";
     sql += " ORDER BY updated_at DESC, id DESC LIMIT ?;";
     limit = std::max<std::int64_t>(limit, 1);
-    return text.empty() ? select<Note>(sql, limit, NoteRows(), limit)
-                        : select<Note>(sql, limit, NoteRows(), '%' + text + '%', limit);
+    return text.empty() ? select<Row>(sql, limit, std::forward<Read>(read), limit)
+                        : select<Row>(sql, limit, std::forward<Read>(read), '%' + text + '%', limit);
+}
+
+std::vector<Note> Store::notes(std::string_view search, std::int64_t limit)
+{
+    return selectNotes<Note>(NoteRows::columns, search, limit, NoteRows());
+}
+
+std::vector<NoteStamp> Store::noteStamps(std::string_view search, std::int64_t limit)
+{
+    return selectNotes<NoteStamp>("id, updated_at", search, limit, [](const Statement& row) {
+        return NoteStamp {.id = row.integer(0), .updatedAt = toInstant(row.real(1))};
+    });
 }
 
 std::optional<Note> Store::note(std::int64_t id)
 {
-    std::vector<Note> found = select<Note>(
-        "SELECT id, created_at, updated_at, blocks FROM notes WHERE id = ?;", 1, NoteRows(), id);
+    const std::string sql = "SELECT " + std::string(NoteRows::columns) + " FROM notes WHERE id = ?;";
+    std::vector<Note> found = select<Note>(sql, 1, NoteRows(), id);
     return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
 }
 

@@ -50,6 +50,8 @@ public:
     /// lower case, selects the notes whose title or text contains it; % and _ in it match any run and any one
     /// character.
     std::vector<Note> notes(std::string_view search, std::int64_t limit);
+    /// The notes that `notes` gives, in its order. Without a search no note's text is read for it.
+    std::vector<NoteStamp> noteStamps(std::string_view search, std::int64_t limit);
     std::optional<Note> note(std::int64_t id);
 
     std::optional<std::string> setting(std::string_view key);
@@ -76,6 +78,9 @@ private:
     template <class Row, class Read, class... Values>
     std::vector<Row> select(std::string_view sql, std::int64_t expected, Read&& read,
                             const Values&... values);
+    template <class Row, class Read>
+    std::vector<Row> selectNotes(std::string_view columns, std::string_view search, std::int64_t limit,
+                                 Read&& read);
 
     mutable std::recursive_mutex m_lock; ///< Guards the connection and the error text.
     sqlite::Connection m_connection;

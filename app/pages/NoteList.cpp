@@ -25,7 +25,7 @@ std::string groupTitle(Instant updatedAt, Instant now, const Calendar& calendar)
     return title;
 }
 
-std::vector<NoteGroup> groupNotes(const std::vector<Note>& notes, Instant now, const Calendar& calendar)
+std::vector<NoteGroup> groupNotes(const std::vector<NoteStamp>& notes, Instant now, const Calendar& calendar)
 {
     std::vector<NoteGroup> groups;
     for (std::size_t i = 0; i < notes.size(); ++i) {
@@ -38,10 +38,11 @@ std::vector<NoteGroup> groupNotes(const std::vector<Note>& notes, Instant now, c
     return groups;
 }
 
-bool selectionStays(const std::vector<Note>& notes, std::optional<std::int64_t> selected, OnReload onReload)
+bool selectionStays(const std::vector<NoteStamp>& notes, std::optional<std::int64_t> selected,
+                    OnReload onReload)
 {
     return onReload == OnReload::keepSelection && selected
-        && std::ranges::find(notes, *selected, &Note::id) != notes.end();
+        && std::ranges::find(notes, *selected, &NoteStamp::id) != notes.end();
 }
 
 } // namespace zelta

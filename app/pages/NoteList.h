@@ -26,13 +26,14 @@ struct NoteGroup
 std::string groupTitle(Instant updatedAt, Instant now, const Calendar& calendar);
 
 /// Groups in the order of their first notes; a note joins the group of its title wherever that stands.
-std::vector<NoteGroup> groupNotes(const std::vector<Note>& notes, Instant now, const Calendar& calendar);
+std::vector<NoteGroup> groupNotes(const std::vector<NoteStamp>& notes, Instant now, const Calendar& calendar);
 
 /// What a reload does with a selection that it need not drop.
 enum class OnReload { keepSelection, selectFirst };
 
 /// Whether the selected note and its draft stay as they are after a reload gave these notes. Otherwise the
 /// first note is opened, or none of an empty list.
-bool selectionStays(const std::vector<Note>& notes, std::optional<std::int64_t> selected, OnReload onReload);
+bool selectionStays(const std::vector<NoteStamp>& notes, std::optional<std::int64_t> selected,
+                    OnReload onReload);
 
 } // namespace zelta

@@ -31,15 +31,26 @@ QColor blended(QColor color, qreal opacity)
     return color;
 }
 
+/// A title may be a whole paragraph: at first only as much of it is measured as usual letters need to fill
+/// the line.
+QString elided(const QString& text, const QFontMetrics& metrics, int width)
+{
+    constexpr int narrow = 2; // pixels
+    const QString start = text.left(width / narrow);
+    QString shown = metrics.elidedText(start, Qt::ElideRight, width);
+    const bool isCut = shown != start || start.size() == text.size();
+    return isCut ? shown : metrics.elidedText(text, Qt::ElideRight, width);
+}
+
 void drawLine(QPainter& painter, const QRect& area, const QString& text, Theme::FontRole role,
               Theme::Token token, Qt::LayoutDirection direction, Qt::Alignment alignment)
 {
     painter.setFont(Theme::font(role));
     painter.setPen(Theme::color(token));
     painter.setLayoutDirection(direction);
-    const QString shown = painter.fontMetrics().elidedText(text, Qt::ElideRight, area.width());
-    painter.drawText(
-        area, static_cast<int>(alignment | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine, shown);
+    painter.drawText(area,
+                     static_cast<int>(alignment | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine,
+                     elided(text, painter.fontMetrics(), area.width()));
 }
 
 } // namespace

@@ -9,20 +9,20 @@
 
 namespace zelta {
 
-NoteListModel::NoteListModel(QObject* parent)
+NoteListModel::NoteListModel(Reader read, QObject* parent)
     : QAbstractListModel(parent)
+    , m_read(std::move(read))
 { }
 
-const Note* NoteListModel::note(std::int64_t id) const
+void NoteListModel::setNotes(std::vector<NoteStamp> notes, Instant now, const Calendar& calendar)
 {
-    const auto found = std::ranges::find(m_notes, id, &Note::id);
-    return found != m_notes.end() ? &*found : nullptr;
+    m_notes = std::move(notes);
+    arrange(now, calendar);
 }
 
-void NoteListModel::setNotes(std::vector<Note> notes, Instant now, const Calendar& calendar)
+void NoteListModel::arrange(Instant now, const Calendar& calendar)
 {
     beginResetModel();
-    m_notes = std::move(notes);
     m_shown.assign(m_notes.size(), std::nullopt);
     m_calendar = calendar;
     m_groups = groupNotes(m_notes, now, calendar);
@@ -35,22 +35,22 @@ void NoteListModel::setNotes(std::vector<Note> notes, Instant now, const Calenda
     endResetModel();
 }
 
-void NoteListModel::replaceNote(const Note& note, Instant now, const Calendar& calendar)
+void NoteListModel::updateNote(const NoteStamp& changed, Instant now, const Calendar& calendar)
 {
-    const auto found = std::ranges::find(m_notes, note.id, &Note::id);
+    const auto found = std::ranges::find(m_notes, changed.id, &NoteStamp::id);
     if (found == m_notes.end())
         return;
-    *found = note;
+    *found = changed;
     m_shown[static_cast<std::size_t>(found - m_notes.begin())].reset();
     regroup(now, calendar);
-    const QModelIndex row = indexOf(note.id);
+    const QModelIndex row = indexOf(changed.id);
     Q_EMIT dataChanged(row, row);
 }
 
 void NoteListModel::regroup(Instant now, const Calendar& calendar)
 {
     if (m_calendar != calendar || groupNotes(m_notes, now, calendar) != m_groups)
-        setNotes(std::move(m_notes), now, calendar);
+        arrange(now, calendar);
 }
 
 QModelIndex NoteListModel::indexOf(std::optional<std::int64_t> noteId) const
@@ -85,11 +85,13 @@ const NoteListModel::Shown& NoteListModel::shown(std::size_t place) const
     constexpr qsizetype longestShown = 400;
     std::optional<Shown>& shown = m_shown[place];
     if (!shown) {
-        const Note& note = m_notes[place];
+        const auto [id, updatedAt] = m_notes[place];
+        // One that another copy of the program has deleted stays in the list until that is loaded again.
+        const Note note = m_read(id).value_or(Note(id, {}, updatedAt, updatedAt));
         const std::string title = note.title();
         shown = {.title = toQt(title).left(longestShown),
                  .preview = toQt(note.preview()).left(longestShown),
-                 .date = toQt(CalendarKit::fullDate(note.updatedAt, *m_calendar)),
+                 .date = toQt(CalendarKit::fullDate(updatedAt, *m_calendar)),
                  .isRightToLeft = directionOf(title) == TextDirection::rightToLeft};
     }
     return *shown;

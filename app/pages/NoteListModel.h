@@ -7,13 +7,14 @@
 #include <QAbstractListModel>
 #include <QString>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
 namespace zelta {
 
-/// The loaded notes as the rows of a list, each group under its heading. Texts are worked out for the rows
-/// that are looked at.
+/// The loaded notes as the rows of a list, each group under its heading. A thousand notes may be megabytes
+/// of text: a note is read when its row is looked at, and only what the row shows of it is kept.
 class NoteListModel final : public QAbstractListModel
 {
     Q_OBJECT
@@ -28,15 +29,17 @@ public:
         noteIdRole,
     };
 
-    explicit NoteListModel(QObject* parent);
+    /// Gives the note as it is now; nothing when it is gone.
+    using Reader = std::function<std::optional<Note>(std::int64_t id)>;
 
-    const std::vector<Note>& notes() const { return m_notes; }
-    const Note* note(std::int64_t id) const;
+    NoteListModel(Reader read, QObject* parent);
 
-    void setNotes(std::vector<Note> notes, Instant now, const Calendar& calendar);
+    const std::vector<NoteStamp>& notes() const { return m_notes; }
 
-    /// Puts the new state of a note in its place; the order stays, the groups follow.
-    void replaceNote(const Note& note, Instant now, const Calendar& calendar);
+    void setNotes(std::vector<NoteStamp> notes, Instant now, const Calendar& calendar);
+
+    /// Tells that a note has changed: its row shows the new state, the order stays, the groups follow.
+    void updateNote(const NoteStamp& changed, Instant now, const Calendar& calendar);
 
     /// Groups the notes again, for another day.
     void regroup(Instant now, const Calendar& calendar);
@@ -64,10 +67,12 @@ private:
         bool isRightToLeft = false;
     };
 
+    void arrange(Instant now, const Calendar& calendar);
     const Shown& shown(std::size_t place) const;
     QVariant noteData(std::size_t place, int role) const;
 
-    std::vector<Note> m_notes;
+    Reader m_read;
+    std::vector<NoteStamp> m_notes;
     mutable std::vector<std::optional<Shown>> m_shown; // by place, for the rows looked at so far
     std::vector<NoteGroup> m_groups;
     std::vector<Row> m_rows;

@@ -2,7 +2,6 @@
 
 #include "app/components/EmptyState.h"
 #include "app/pages/NoteListDelegate.h"
-#include "app/pages/NoteListModel.h"
 
 #include <QMouseEvent>
 #include <QScopedValueRollback>
@@ -51,9 +50,9 @@ private:
 
 } // namespace
 
-NotesListView::NotesListView(QWidget* parent)
+NotesListView::NotesListView(NoteListModel::Reader readNote, QWidget* parent)
     : Card(parent)
-    , m_model(new NoteListModel(this))
+    , m_model(new NoteListModel(std::move(readNote), this))
     , m_noNotes(new EmptyState("note.text", QStringLiteral("No notes yet"),
                                QStringLiteral("Make one and start writing."), this))
     , m_noMatches(new EmptyState("magnifier", QStringLiteral("No matches"),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/components/Card.h"
+#include "app/pages/NoteListModel.h"
 
 #include <QListView>
 #include <cstdint>
@@ -9,7 +10,6 @@
 namespace zelta {
 
 class EmptyState;
-class NoteListModel;
 
 /// The card with the list of notes, or with what it says when there are none.
 class NotesListView final : public Card
@@ -19,7 +19,7 @@ class NotesListView final : public Card
 public:
     enum class WhenEmpty { noNotesYet, noMatches };
 
-    explicit NotesListView(QWidget* parent = nullptr);
+    NotesListView(NoteListModel::Reader readNote, QWidget* parent);
 
     [[nodiscard]] NoteListModel& model() const { return *m_model; }
     [[nodiscard]] QListView* list() const { return m_list; }

@@ -9,6 +9,7 @@
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
 #include "app/pages/NoteEditorPane.h"
+#include "app/pages/NoteKeeper.h"
 #include "app/pages/NoteListModel.h"
 #include "app/pages/NotesListView.h"
 #include "app/pages/NotesToolbar.h"
@@ -28,8 +29,9 @@ namespace zelta {
 NotesView::NotesView(AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
+    , m_keeper(std::make_shared<NoteKeeper>(model.store()))
     , m_toolbar(new NotesToolbar(this))
-    , m_list(new NotesListView(this))
+    , m_list(new NotesListView([keeper = m_keeper](std::int64_t id) { return keeper->note(id); }, this))
     , m_pane(new NoteEditorPane(model.clock(), this))
 {
     constexpr int belowHelp = 18;
@@ -97,7 +99,7 @@ void NotesView::setTabOrders()
     m_pane->paragraphs()->setTabPredecessor(m_toolbar->remove);
 }
 
-const std::vector<Note>& NotesView::notes() const
+const std::vector<NoteStamp>& NotesView::notes() const
 {
     return m_list->model().notes();
 }
@@ -126,9 +128,9 @@ void NotesView::reload(OnReload onReload)
     const std::string search = toUtf8(m_toolbar->search->text());
     m_list->setWhenEmpty(search.empty() ? NotesListView::WhenEmpty::noNotesYet
                                         : NotesListView::WhenEmpty::noMatches);
-    m_list->model().setNotes(m_model.store().notes(search, listLimit), now(), m_model.calendar());
+    m_list->model().setNotes(m_model.store().noteStamps(search, listLimit), now(), m_model.calendar());
     if (!selectionStays(notes(), selectedID(), onReload))
-        openDraft(notes().empty() ? nullptr : &notes().front());
+        openDraft(notes().empty() ? std::nullopt : m_keeper->note(notes().front().id));
 }
 
 void NotesView::newNote()
@@ -145,7 +147,7 @@ void NotesView::newNote()
     }
     m_toolbar->search->clearButton()->hide();
     reload(OnReload::keepSelection);
-    openDraft(&*made);
+    openDraft(made);
     m_pane->paragraphs()->focusParagraph(0);
 }
 
@@ -153,16 +155,18 @@ void NotesView::open(std::int64_t noteId)
 {
     handOn();
     flushSave();
-    if (const Note* note = m_list->model().note(noteId))
-        openDraft(note);
+    if (std::optional<Note> note = m_keeper->note(noteId))
+        openDraft(std::move(note));
+    else
+        reload(OnReload::keepSelection); // another copy of the program has deleted it
 }
 
-void NotesView::openDraft(const Note* note)
+void NotesView::openDraft(std::optional<Note> note)
 {
     m_saveTask.cancel();
-    m_isUnsaved = false;
-    if (note != nullptr)
-        m_draft.emplace(*note);
+    m_isUnsaved = note && m_keeper->isKept(note->id);
+    if (note)
+        m_draft.emplace(*std::move(note));
     else
         m_draft.reset();
     m_list->select(selectedID());
@@ -178,9 +182,9 @@ void NotesView::updateBlock(const ParagraphKey& key, std::int64_t inNote, std::s
         }
         return;
     }
-    std::optional<Note> late = m_model.store().note(inNote);
-    if (late && replaceText(*late, key, text, now()) && m_model.store().updateNote(*late))
-        m_list->model().replaceNote(*late, now(), m_model.calendar());
+    std::optional<Note> late = m_keeper->note(inNote);
+    if (late && replaceText(*late, key, text, now()))
+        static_cast<void>(write(*late));
 }
 
 void NotesView::appendBlock()
@@ -274,6 +278,7 @@ void NotesView::carryOutDelete(std::int64_t noteId)
     flushSave();
     if (!m_model.store().deleteNote(noteId))
         return;
+    m_keeper->forget(noteId);
     reload(OnReload::keepSelection);
     m_pane->message()->flash(QStringLiteral("Note deleted"));
 }
@@ -294,11 +299,19 @@ void NotesView::scheduleSave()
 void NotesView::flushSave()
 {
     const Clock::Task due = std::move(m_saveTask); // pending until it is written
-    if (!m_draft || !m_isUnsaved)
-        return;
     // A failed write leaves the draft unsaved, for the next occasion.
-    m_isUnsaved = !m_model.store().updateNote(m_draft->note());
-    m_list->model().replaceNote(m_draft->note(), now(), m_model.calendar());
+    if (m_draft && m_isUnsaved)
+        m_isUnsaved = !write(m_draft->note());
+    if (!m_isUnsaved)
+        m_keeper->retry();
+}
+
+/// True when it is written; the list shows it either way.
+bool NotesView::write(const Note& note)
+{
+    const bool isWritten = m_keeper->write(note);
+    m_list->model().updateNote({.id = note.id, .updatedAt = note.updatedAt}, now(), m_model.calendar());
+    return isWritten;
 }
 
 void NotesView::searchChanged()

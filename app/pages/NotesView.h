@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,7 @@ namespace zelta {
 
 class AppModel;
 class NoteEditorPane;
+class NoteKeeper;
 class NotesListView;
 class NotesToolbar;
 
@@ -38,7 +40,8 @@ public:
     explicit NotesView(AppModel& model, QWidget* parent = nullptr);
     ~NotesView() override;
 
-    [[nodiscard]] const std::vector<Note>& notes() const;
+    /// The listed notes, most recently updated first.
+    [[nodiscard]] const std::vector<NoteStamp>& notes() const;
     [[nodiscard]] std::optional<std::int64_t> selectedID() const;
     [[nodiscard]] const std::optional<NoteDraft>& draft() const { return m_draft; }
 
@@ -81,17 +84,19 @@ private:
     void setTabOrders();
     void handOn();
     void scheduleSave();
+    [[nodiscard]] bool write(const Note& note);
     void searchChanged();
     void runDueSearch();
     void runSearch();
     void reload(OnReload onReload);
-    void openDraft(const Note* note);
+    void openDraft(std::optional<Note> note);
     void draftChanged();
     void showDraft();
     void step(bool (NoteDraft::*direction)(), const QString& message);
     [[nodiscard]] Instant now() const;
 
     AppModel& m_model;
+    std::shared_ptr<NoteKeeper> m_keeper; ///< The list reads by it as well, until it is gone itself.
     NotesToolbar* m_toolbar;
     NotesListView* m_list;
     NoteEditorPane* m_pane;

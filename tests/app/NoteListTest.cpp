@@ -20,9 +20,9 @@ Instant at(int day, int month, std::int64_t year, int hour = 12, int minute = 0)
     return CalendarKit::makeDate(day, month, year, hour, minute, 0, paris).value();
 }
 
-Note noteOf(std::int64_t id, Instant updatedAt)
+NoteStamp noteOf(std::int64_t id, Instant updatedAt)
 {
-    return Note(id, {}, updatedAt, updatedAt);
+    return {.id = id, .updatedAt = updatedAt};
 }
 
 TEST(NoteGroup, GoesByCalendarDays)
@@ -64,8 +64,8 @@ TEST(NoteGroup, TakesTheDayOfTheGivenZone)
 TEST(NoteGroups, StandInTheOrderOfTheirFirstNotes)
 {
     const Instant now = at(10, 3, 2026);
-    const std::vector<Note> notes {noteOf(5, now), noteOf(4, at(9, 3, 2026)), noteOf(3, at(9, 3, 2026)),
-                                   noteOf(2, at(5, 1, 2026)), noteOf(1, at(5, 1, 2024))};
+    const std::vector<NoteStamp> notes {noteOf(5, now), noteOf(4, at(9, 3, 2026)), noteOf(3, at(9, 3, 2026)),
+                                        noteOf(2, at(5, 1, 2026)), noteOf(1, at(5, 1, 2024))};
     EXPECT_EQ(groupNotes(notes, now, paris),
               (std::vector<NoteGroup> {{.title = "Today", .notes = {0}},
                                        {.title = "Yesterday", .notes = {1, 2}},
@@ -77,7 +77,7 @@ TEST(NoteGroups, StandInTheOrderOfTheirFirstNotes)
 TEST(NoteGroups, ANoteJoinsItsGroupWhereverThatStands)
 {
     const Instant now = at(10, 3, 2026);
-    const std::vector<Note> notes {noteOf(1, at(9, 3, 2026)), noteOf(2, now), noteOf(3, at(9, 3, 2026))};
+    const std::vector<NoteStamp> notes {noteOf(1, at(9, 3, 2026)), noteOf(2, now), noteOf(3, at(9, 3, 2026))};
     EXPECT_EQ(
         groupNotes(notes, now, paris),
         (std::vector<NoteGroup> {{.title = "Yesterday", .notes = {0, 2}}, {.title = "Today", .notes = {1}}}));
@@ -85,7 +85,7 @@ TEST(NoteGroups, ANoteJoinsItsGroupWhereverThatStands)
 
 TEST(NoteSelection, StaysOnlyWhenAskedAndStillThere)
 {
-    const std::vector<Note> notes {noteOf(2, at(1, 3, 2026)), noteOf(1, at(1, 3, 2026))};
+    const std::vector<NoteStamp> notes {noteOf(2, at(1, 3, 2026)), noteOf(1, at(1, 3, 2026))};
     EXPECT_TRUE(selectionStays(notes, 1, OnReload::keepSelection));
     EXPECT_FALSE(selectionStays(notes, 3, OnReload::keepSelection));
     EXPECT_FALSE(selectionStays(notes, std::nullopt, OnReload::keepSelection));

@@ -81,6 +81,74 @@ TEST_F(NotesBadInput, ANoteDeletedElsewhereWhileItIsOpen)
     EXPECT_EQ(stored(other), Texts {"other"});
 }
 
+TEST_F(NotesBadInput, ANoteDeletedElsewhereLeavesTheListWhenItIsChosen)
+{
+    const std::int64_t gone = add({"gone"}, 1h);
+    add({"open"});
+    open();
+    ASSERT_EQ(listed(), (Texts {"Today", "open", "gone"}));
+    store().deleteNote(gone);
+    page->open(gone);
+    EXPECT_EQ(listed(), (Texts {"Today", "open"}));
+    EXPECT_EQ(shown(), Texts {"open"});
+}
+
+TEST_F(NotesBadInput, WordsThatCouldNotBeWrittenAreThereWhenTheNoteIsOpenedAgain)
+{
+    const std::int64_t other = add({"other"}, 1h);
+    const std::int64_t id = add({"kept"});
+    open();
+    auto file = sqlite::Connection::open(store().url().string());
+    file.execute("CREATE TRIGGER full BEFORE UPDATE ON notes BEGIN SELECT RAISE(ABORT, 'full'); END;");
+    type(0, QStringLiteral("!"));
+    page->open(other);
+    EXPECT_EQ(stored(id), Texts {"kept"});
+    EXPECT_EQ(listed(), (Texts {"Today", "kept!", "other"}));
+    page->open(id);
+    EXPECT_EQ(shown(), Texts {"kept!"});
+
+    search(QStringLiteral("other"));
+    EXPECT_EQ(shown(), Texts {"other"});
+    search({});
+    page->open(id);
+    EXPECT_EQ(shown(), Texts {"kept!"}) << "also after the list was loaded anew";
+    file.execute("DROP TRIGGER full;");
+    page->flushSave();
+    EXPECT_EQ(stored(id), Texts {"kept!"}) << "written as soon as that works again";
+}
+
+TEST_F(NotesBadInput, ATableThatIsAwayForAMomentTakesNoWordsWithIt)
+{
+    const std::int64_t other = add({"other"}, 1h);
+    const std::int64_t id = add({"kept"});
+    open();
+    auto file = sqlite::Connection::open(store().url().string());
+    file.execute("ALTER TABLE notes RENAME TO away;");
+    type(0, QStringLiteral("!"));
+    page->open(other);
+    file.execute("ALTER TABLE away RENAME TO notes;");
+    page->load(OnReload::keepSelection);
+    page->open(id);
+    EXPECT_EQ(shown(), Texts {"kept!"});
+    page->flushSave();
+    EXPECT_EQ(stored(id), Texts {"kept!"});
+    EXPECT_EQ(stored(other), Texts {"other"});
+}
+
+TEST_F(NotesBadInput, LateWordsThatCouldNotBeWrittenAreThereWhenTheNoteIsOpenedAgain)
+{
+    add({"open"});
+    const std::int64_t id = add({"closed"}, 1h);
+    open();
+    auto file = sqlite::Connection::open(store().url().string());
+    file.execute("CREATE TRIGGER full BEFORE UPDATE ON notes BEGIN SELECT RAISE(ABORT, 'full'); END;");
+    page->updateBlock(paragraphKeys(*store().note(id)).front(), id, "closed, late");
+    page->updateBlock(paragraphKeys(*store().note(id)).front(), id, "closed, later");
+    EXPECT_EQ(stored(id), Texts {"closed"});
+    page->open(id);
+    EXPECT_EQ(shown(), Texts {"closed, later"});
+}
+
 TEST_F(NotesBadInput, SearchesForPatternsAndForAVeryLongText)
 {
     add({"100 percent"}, 2h);

@@ -200,6 +200,24 @@ TEST_F(StoreTest, SearchKeepsTheWildcards)
     EXPECT_EQ(store.notes("_", 10).size(), 3U);
 }
 
+TEST_F(StoreTest, StampsAreThoseOfTheNotesInTheirOrder)
+{
+    for (const auto& [text, time] : std::vector<std::pair<std::string, Instant>> {
+             {"old pie", at(1s)}, {"first of two", at(3s)}, {"second of two pies", at(3s)}, {"Pie", at(2s)}})
+        store.createNote(note(text, time));
+    const auto stampsOf = [](const std::vector<Note>& notes) {
+        std::vector<NoteStamp> stamps;
+        for (const Note& note : notes)
+            stamps.push_back({.id = note.id, .updatedAt = note.updatedAt});
+        return stamps;
+    };
+    EXPECT_EQ(store.noteStamps("", 1), (std::vector<NoteStamp> {{.id = 3, .updatedAt = at(3s)}}));
+    for (const std::string_view search : {"", " PIE ", "o%o", "none of them"}) {
+        for (const std::int64_t limit : {-1, 0, 1, 2, 1000})
+            EXPECT_EQ(store.noteStamps(search, limit), stampsOf(store.notes(search, limit))) << search;
+    }
+}
+
 TEST_F(StoreTest, SearchTakesAVeryLongText)
 {
     store.createNote(note("short"));
