@@ -4,6 +4,7 @@ $ZELTA_KILLS is the number of kills (5 unless told); docs/reliability.md says ho
 """
 
 import contextlib
+import datetime
 import json
 import os
 import pathlib
@@ -13,6 +14,7 @@ import sqlite3
 import subprocess
 import threading
 import time
+import zoneinfo
 
 import desktop
 import program
@@ -20,6 +22,25 @@ import scenario
 
 # Mounts the folder given first read-only, for the program alone, and becomes the program.
 READ_ONLY = 'mount --bind "$1" "$1" && mount -o remount,ro,bind "$1" && shift && exec "$@"'
+# Gives the program, and nobody else, the folder given first as /etc.
+OWN_ETC = 'mount --bind "$1" /etc && shift && unset TZ && exec "$@"'
+
+
+def may_mount():
+    return os.geteuid() == 0 and subprocess.run(["unshare", "--mount", "true"], stderr=subprocess.DEVNULL).returncode == 0
+
+
+def set_zone(etc, zone):
+    """As the desktop's settings do it: another link takes the place of the old one."""
+    link = etc / "localtime.new"
+    link.symlink_to(f"/usr/share/zoneinfo/{zone}")
+    link.replace(etc / "localtime")
+
+
+def told(seconds, zone):
+    """How the program tells a moment: "Tue, 10 Mar 2026 · 4:32 PM"."""
+    moment = datetime.datetime.fromtimestamp(seconds, zoneinfo.ZoneInfo(zone))
+    return f"{moment:%a, %d %b %Y} · {int(f'{moment:%I}')}:{moment:%M} {moment:%p}"
 
 
 def rows(file):
@@ -195,7 +216,7 @@ class Faults(scenario.Scenario):
         self.assertEqual(app.end(), 0)
         file = program.database(self.screen)
         kept = file.read_bytes()
-        if os.geteuid() == 0 and subprocess.run(["unshare", "--mount", "true"], stderr=subprocess.DEVNULL).returncode == 0:
+        if may_mount():
             app = self.start_with("unshare", "--mount", "sh", "-c", READ_ONLY, "sh", str(file.parent))
         else:
             # A container's root may mount nothing; without this capability a file's mode stops it like anybody else.
@@ -282,6 +303,25 @@ class Faults(scenario.Scenario):
         self.wait_for(lambda: "3 compared with 4" in self.titles(), "the save by itself, six years earlier")
         app.go("History")
         app.wait("3 compared with 4")
+
+    # A zone that is changed
+
+    def test_times_are_told_in_the_zone_that_the_desktop_has_now(self):
+        if not may_mount():
+            self.skipTest("only who may mount can have an /etc for one program")
+        etc = self.screen.folder / "etc"
+        subprocess.run(["cp", "--archive", "/etc", etc], check=True)
+        set_zone(etc, "Europe/Paris")
+        app = self.start_with("unshare", "--mount", "sh", "-c", OWN_ETC, "sh", str(etc))
+        self.save(app, 1, 2)
+        self.wait_for(lambda: "1 compared with 2" in self.titles(), "the save")
+        with contextlib.closing(self.database()) as base:
+            saved = base.execute("SELECT created_at FROM history").fetchone()[0]
+        for zone in ["Europe/Paris", "Pacific/Apia", "America/St_Johns"]:
+            set_zone(etc, zone)
+            app.go("Settings")
+            app.go("History")
+            app.wait(told(saved, zone))
 
 
 if __name__ == "__main__":
