@@ -9,7 +9,9 @@
 
 #include <QApplication>
 #include <cstdio>
+#include <memory>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -43,9 +45,13 @@ int main(int argc, char** argv)
         break;
     }
 
-    // Reading the font configuration and asking the X server take some milliseconds each, so they go side by
-    // side.
-    const std::jthread fonts([] { FcInit(); });
+    // Opening the database, reading the font configuration and asking the X server take some milliseconds
+    // each, so they go side by side.
+    std::unique_ptr<Store> store;
+    std::jthread beside([&store, &arguments] {
+        store = AppModel::launchStore(arguments.database);
+        FcInit();
+    });
     int onlyTheName
         = argc > 0 ? 1 : 0; // The rest has been read; Qt has options of its own that are not ours.
     QApplication application(onlyTheName, argv);
@@ -57,9 +63,14 @@ int main(int argc, char** argv)
 
     const DesktopLook look(application);
     SystemClock clock;
-    AppModel model(AppModel::launchStore(arguments.database), clock);
+    beside.join();
+    AppModel model(std::move(store), clock);
     MainWindow window(model);
     const Lifetime lifetime(window, clock);
     window.show();
+    // Qt would paint once the window manager has made room for the window; this way both work at the same
+    // time.
+    window.setAttribute(Qt::WA_Mapped);
+    window.repaint();
     return QApplication::exec();
 }
