@@ -61,12 +61,13 @@ int main(int argc, char** argv)
     QApplication::setDesktopFileName(QStringLiteral("zelta-basic"));
     QApplication::setQuitOnLastWindowClosed(false);
 
-    const DesktopLook look(application);
+    DesktopLook look(application);
     SystemClock clock;
     beside.join();
     AppModel model(std::move(store), clock);
     MainWindow window(model);
     const Lifetime lifetime(window, clock);
+    look.hearDesktop();
     window.show();
     // Qt would paint once the window manager has made room for the window; this way both work at the same
     // time.

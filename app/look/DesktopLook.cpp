@@ -38,17 +38,18 @@ DesktopLook::DesktopLook(QApplication& application)
     apply();
     application.installEventFilter(this);
     connect(m_portal, &SettingsPortal::colorSchemeChanged, this, &DesktopLook::apply);
+    m_portal->ask();
+}
+
+void DesktopLook::hearDesktop()
+{
+    m_portal->hear();
 }
 
 bool DesktopLook::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::ApplicationPaletteChange && watched == parent() && !m_isApplying)
         readDesktopPalette();
-    if (event->type() == QEvent::Expose && !m_hasAsked) {
-        m_hasAsked = true;
-        // Queued, because the window paints itself while it handles this event.
-        QMetaObject::invokeMethod(m_portal, &SettingsPortal::ask, Qt::QueuedConnection);
-    }
     return QObject::eventFilter(watched, event);
 }
 

@@ -12,14 +12,16 @@ class SettingsPortal;
 /// runs.
 ///
 /// The desktop says so by the palette that Qt starts with or changes to; where that palette is light because
-/// nobody has set one, by the settings portal, which is asked when the first window has been painted and
-/// never waited for.
+/// nobody has set one, by the settings portal, which is asked at once and never waited for.
 class DesktopLook : public QObject
 {
     Q_OBJECT
 
 public:
     explicit DesktopLook(QApplication& application);
+
+    /// Takes what the portal has answered so far: a window that is shown after it need not change its look.
+    void hearDesktop();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -29,7 +31,6 @@ private:
 
     bool m_paletteIsDark = false;
     bool m_isApplying = false;
-    bool m_hasAsked = false;
     SettingsPortal* m_portal;
 };
 

@@ -5,6 +5,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QFile>
+#include <utility>
 
 namespace zelta {
 
@@ -52,14 +53,23 @@ void SettingsPortal::ask()
     QDBusMessage question = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
                                                            path, interface, QStringLiteral("Read"));
     question << appearanceGroup << colorSchemeKey;
-    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, &SettingsPortal::readAnswer);
+    m_answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    connect(m_answer, &QDBusPendingCallWatcher::finished, this, &SettingsPortal::readAnswer);
 }
 
-void SettingsPortal::readAnswer(QDBusPendingCallWatcher* watcher)
+void SettingsPortal::hear()
 {
-    watcher->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *watcher;
+    if (m_answer != nullptr && m_answer->isFinished())
+        readAnswer();
+}
+
+void SettingsPortal::readAnswer()
+{
+    QDBusPendingCallWatcher* const answer = std::exchange(m_answer, nullptr);
+    if (answer == nullptr)
+        return; // heard before
+    answer->deleteLater();
+    const QDBusPendingReply<QDBusVariant> reply = *answer;
     if (reply.isError())
         return;
     // Old portals wrap the value twice.

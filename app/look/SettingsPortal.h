@@ -8,8 +8,7 @@ class QDBusPendingCallWatcher;
 namespace zelta {
 
 /// What the desktop's settings portal says about light and dark ("org.freedesktop.appearance",
-/// "color-scheme"). Asked once the program's event loop runs; a desktop without a portal simply never
-/// answers.
+/// "color-scheme"). Nobody waits for the answer; a desktop without a portal simply never gives one.
 class SettingsPortal : public QObject
 {
     Q_OBJECT
@@ -20,9 +19,11 @@ public:
 
     explicit SettingsPortal(QObject* parent = nullptr);
 
-    /// Asks, and listens from then on. Connecting takes a few milliseconds: not before the first window is
-    /// there.
+    /// Asks, and listens from then on.
     void ask();
+
+    /// Takes the answer if it is there, without waiting for the event loop to bring it.
+    void hear();
 
     /// The last answer; no preference until there is one.
     [[nodiscard]] ColorScheme colorScheme() const;
@@ -34,9 +35,10 @@ private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
-    void readAnswer(QDBusPendingCallWatcher* watcher);
+    void readAnswer();
     void setColorScheme(const QVariant& value);
 
+    QDBusPendingCallWatcher* m_answer = nullptr; ///< Until it has been read.
     ColorScheme m_colorScheme = ColorScheme::noPreference;
 };
 

@@ -7,7 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QTest>
+#include <QThread>
+#include <utility>
 
 using namespace zelta;
 using Theme::Appearance;
@@ -38,7 +41,31 @@ protected:
     static QApplication& application() { return *static_cast<QApplication*>(QCoreApplication::instance()); }
 };
 
-using DesktopPortalTest = DesktopLookTest;
+// The portal's numbers.
+constexpr unsigned preferDark = 1;
+constexpr unsigned preferLight = 2;
+
+/// One bus for all: a process keeps the session bus that it has once found.
+class DesktopPortalTest : public DesktopLookTest
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        portal = new test::StandInPortal(preferDark);
+        address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+        ASSERT_TRUE(portal->isReady());
+    }
+    static void TearDownTestSuite() { delete std::exchange(portal, nullptr); }
+
+    DesktopPortalTest()
+    {
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        portal->setColorScheme(preferDark);
+    }
+
+    static inline test::StandInPortal* portal = nullptr;
+    static inline QByteArray address;
+};
 
 bool becomes(Appearance appearance)
 {
@@ -94,25 +121,39 @@ TEST_F(DesktopLookTest, RecoloursTextsThatAreAlreadyShown)
     EXPECT_TRUE(shows(saved, Token::text));
 }
 
+TEST_F(DesktopPortalTest, IsDarkBeforeTheFirstWindowWhenThePortalHasAnswered)
+{
+    QThread elsewhere;
+    QObject::connect(
+        &elsewhere, &QThread::finished, portal, [] { portal->moveToThread(application().thread()); },
+        Qt::DirectConnection);
+    portal->moveToThread(&elsewhere);
+    elsewhere.start();
+    DesktopLook look(application());
+    // No event loop runs here, as none does before the first window is shown.
+    const QDeadlineTimer deadline(5000);
+    while (Theme::appearance() == Appearance::light && !deadline.hasExpired())
+        look.hearDesktop();
+    EXPECT_EQ(Theme::appearance(), Appearance::dark);
+    elsewhere.quit();
+    elsewhere.wait();
+}
+
 TEST_F(DesktopPortalTest, TurnsDarkWhenOnlyThePortalSaysSo)
 {
-    constexpr unsigned preferDark = 1;
-    constexpr unsigned preferLight = 2;
-    test::StandInPortal portal(preferDark);
-    ASSERT_TRUE(portal.isReady());
     const DesktopLook look(application());
     QWidget window;
     window.show();
     EXPECT_EQ(Theme::appearance(), Appearance::light) << "the start does not wait for the portal";
     EXPECT_TRUE(becomes(Appearance::dark));
-    portal.setColorScheme(preferLight);
+    portal->setColorScheme(preferLight);
     EXPECT_TRUE(becomes(Appearance::light));
-    portal.setColorScheme(preferDark);
+    portal->setColorScheme(preferDark);
     EXPECT_TRUE(becomes(Appearance::dark));
 
     // A desktop that does set palettes changes one more time: dark stays while the portal says so.
     setDesktopPalette(QColor(250, 250, 250), Qt::black);
     EXPECT_EQ(Theme::appearance(), Appearance::dark);
-    portal.setColorScheme(0);
+    portal->setColorScheme(0);
     EXPECT_TRUE(becomes(Appearance::light));
 }
