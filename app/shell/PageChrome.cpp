@@ -87,8 +87,8 @@ void PageChrome::paintEvent(QPaintEvent* /*event*/)
 
 void PageChrome::resizeEvent(QResizeEvent* event)
 {
+    fitColumn(); // first, so that the column is laid out once
     QScrollArea::resizeEvent(event);
-    fitColumn();
 }
 
 QWidget* PageChrome::makeHeader(QWidget* column)
