@@ -56,7 +56,6 @@ Picker::Picker(const QString& name, QWidget* parent)
     setAccessibleName(name);
     setFont(Theme::font(Theme::FontRole::body));
     setFixedHeight(Metric::fieldHeight);
-    setItemDelegate(new EntryDelegate(this));
     setMaxVisibleItems(16);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
@@ -78,6 +77,8 @@ QSize Picker::sizeHint() const
 void Picker::showPopup()
 {
     constexpr int distance = 4;
+    if (dynamic_cast<EntryDelegate*>(itemDelegate()) == nullptr)
+        setItemDelegate(new EntryDelegate(this));
     QComboBox::showPopup();
     QWidget* popup = view()->window();
     popup->layout()->setContentsMargins(0, itemMargin, 0, itemMargin);
@@ -88,6 +89,15 @@ void Picker::showPopup()
         area.adjust(0, -distance - 2 * itemMargin, 0, -distance);
     popup->setGeometry(area);
     popup->setMask(StyleParts::popupMask(popup->rect(), Metric::rowRadius));
+}
+
+/// Qt would make the list only to give it the new font; a picker that is never opened does without one.
+void Picker::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::FontChange && findChild<QAbstractItemView*>() == nullptr)
+        QWidget::changeEvent(event);
+    else
+        QComboBox::changeEvent(event);
 }
 
 /// Scrolling the page must not change a unit that happens to pass below the pointer.

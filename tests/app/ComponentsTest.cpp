@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QSignalSpy>
 #include <QTest>
@@ -196,6 +197,20 @@ TEST(Picker, LeavesTheWheelToThePage)
     QCoreApplication::sendEvent(&picker, &wheel);
     EXPECT_EQ(picker.currentData().toString(), QStringLiteral("mile"));
     EXPECT_FALSE(wheel.isAccepted());
+}
+
+TEST(Picker, MakesItsListWhenItIsOpened)
+{
+    constexpr int entryHeight = 32;
+    Picker picker(QStringLiteral("From"));
+    picker.addEntry(QStringLiteral("Mile"), QStringLiteral("mi"), QStringLiteral("mile"));
+    picker.show();
+    QTest::keyClick(&picker, Qt::Key_Down);
+    EXPECT_EQ(picker.findChild<QAbstractItemView*>(), nullptr);
+    picker.showPopup();
+    ASSERT_NE(picker.findChild<QAbstractItemView*>(), nullptr);
+    EXPECT_EQ(picker.view()->sizeHintForRow(0), entryHeight);
+    picker.hidePopup();
 }
 
 TEST(Label, ShowsMarkupAsItIs)
