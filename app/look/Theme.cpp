@@ -183,6 +183,12 @@ QPalette palette(Appearance appearance)
         palette.setColor(role, shade(Token::text));
         palette.setColor(QPalette::Disabled, role, shade(Token::textOff));
     }
+    // Nothing looks different in a window behind others; where it might, Qt paints every widget anew when the
+    // window comes to the front.
+    for (int role = 0; role < QPalette::NColorRoles; ++role) {
+        const auto each = static_cast<QPalette::ColorRole>(role);
+        palette.setBrush(QPalette::Inactive, each, palette.brush(QPalette::Active, each));
+    }
     return palette;
 }
 

@@ -195,6 +195,17 @@ TEST(Theme, KeepsEveryPagesInkAndFillReadable)
     }
 }
 
+TEST(Theme, LooksTheSameInAWindowBehindOthers)
+{
+    const QPalette before = QApplication::palette();
+    QPalette desktop = before;
+    desktop.setColor(QPalette::Inactive, QPalette::Light, Qt::gray);
+    QApplication::setPalette(desktop);
+    for (const Appearance appearance : appearances)
+        EXPECT_TRUE(Theme::palette(appearance).isEqual(QPalette::Active, QPalette::Inactive));
+    QApplication::setPalette(before);
+}
+
 TEST(Theme, HoldsTheGivenConstants)
 {
     EXPECT_EQ(Theme::color(Token::accent).name(), QStringLiteral("#2970f0"));
