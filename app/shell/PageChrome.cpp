@@ -28,6 +28,39 @@ int spacingBelowHeader(Module module)
     return module == Module::notes ? aboveHelp : Metric::partSpacing;
 }
 
+/// As wide as its scroll area, up to a limit: the scroll bar lies inside the right padding, so that nothing
+/// moves and nothing is laid out again when it comes and goes.
+class PageLayout final : public QVBoxLayout
+{
+public:
+    PageLayout(QWidget* column, const QScrollArea& area)
+        : QVBoxLayout(column)
+        , m_area(area)
+    {
+        setContentsMargins(Metric::pagePadding, Metric::pagePadding, Metric::pagePadding,
+                           Metric::pagePadding);
+        setSpacing(0);
+    }
+
+    void setGeometry(const QRect& column) override
+    {
+        QVBoxLayout::setGeometry({column.topLeft(), QSize(pageWidth(), column.height())});
+    }
+    [[nodiscard]] int heightForWidth(int /*width*/) const override
+    {
+        return QVBoxLayout::heightForWidth(pageWidth());
+    }
+    [[nodiscard]] int minimumHeightForWidth(int /*width*/) const override
+    {
+        return QVBoxLayout::minimumHeightForWidth(pageWidth());
+    }
+
+private:
+    [[nodiscard]] int pageWidth() const { return std::min(m_area.width(), Metric::maximumPageWidth); }
+
+    const QScrollArea& m_area;
+};
+
 } // namespace
 
 PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent)
@@ -43,8 +76,7 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     setFocusPolicy(Qt::NoFocus);
     viewport()->setAutoFillBackground(false);
 
-    auto* layout = new QVBoxLayout(m_column);
-    layout->setSpacing(0);
+    auto* layout = new PageLayout(m_column, *this);
     layout->addWidget(makeHeader(m_column));
     layout->addSpacing(spacingBelowHeader(module));
     const bool fills = content && content->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag;
@@ -83,12 +115,6 @@ void PageChrome::focusEntry()
 void PageChrome::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter(viewport()).fillRect(viewport()->rect(), Theme::color(Theme::Token::page));
-}
-
-void PageChrome::resizeEvent(QResizeEvent* event)
-{
-    fitColumn(); // first, so that the column is laid out once
-    QScrollArea::resizeEvent(event);
 }
 
 QWidget* PageChrome::makeHeader(QWidget* column)
@@ -138,15 +164,6 @@ void PageChrome::showMessage()
     if (message)
         m_messageText->setText(toQt(*message));
     m_message->setVisible(message.has_value());
-}
-
-void PageChrome::fitColumn()
-{
-    // The scroll bar lies inside the right padding: the content keeps its place when the bar comes and goes.
-    const int bar = width() - viewport()->width();
-    const int beyond = std::max(0, width() - Metric::maximumPageWidth);
-    m_column->layout()->setContentsMargins(Metric::pagePadding, Metric::pagePadding,
-                                           Metric::pagePadding + beyond - bar, Metric::pagePadding);
 }
 
 } // namespace zelta

@@ -24,13 +24,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QWidget* makeHeader(QWidget* column);
     QWidget* makeMessage(QWidget* header);
     void showMessage();
-    void fitColumn();
 
     Module m_module;
     AppModel& m_model;

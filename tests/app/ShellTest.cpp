@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
@@ -195,6 +196,34 @@ TEST_F(ShellTest, WithoutAVersionItIsADevelopmentBuild)
 {
     EXPECT_EQ(AppInfo::version(), QStringLiteral("development build"));
     EXPECT_TRUE(labels().contains(QStringLiteral("Version development build")));
+}
+
+/// Content of a page that notes the widths that it is given.
+struct Content : QWidget
+{
+    QList<int> widths;
+
+    void resizeEvent(QResizeEvent* event) override
+    {
+        if (widths.isEmpty() || widths.last() != event->size().width())
+            widths << event->size().width();
+    }
+};
+
+TEST_F(ShellTest, TheContentKeepsItsWidthWhenTheScrollBarComesAndGoes)
+{
+    auto* content = new Content;
+    PageChrome page(Module::percent, test.model, content, nullptr);
+    page.resize(800, 600);
+    page.show();
+    const QScrollBar* bar = page.verticalScrollBar();
+    for (const bool isLong : {false, true, false}) {
+        content->setFixedHeight(isLong ? 2000 : 100);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return bar->isVisible() == isLong; }));
+    }
+    EXPECT_EQ(content->widths, QList<int> {800 - 2 * Metric::pagePadding});
+    page.resize(1500, 600);
+    EXPECT_EQ(content->width(), Metric::maximumPageWidth - 2 * Metric::pagePadding);
 }
 
 TEST_F(ShellTest, SavedToHistoryAppearsInTheHeaderAndMovesNothing)
