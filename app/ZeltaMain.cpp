@@ -70,7 +70,8 @@ int main(int argc, char** argv)
     look.hearDesktop();
     window.show();
     // Qt would paint once the window manager has made room for the window; this way both work at the same
-    // time.
+    // time. What is still to be laid out comes first, or the picture would be painted twice.
+    QCoreApplication::sendPostedEvents();
     window.setAttribute(Qt::WA_Mapped);
     window.repaint();
     return QApplication::exec();
