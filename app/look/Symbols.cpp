@@ -2,11 +2,10 @@
 
 #include "app/model/Text.h"
 
-#include <QFile>
 #include <QPainter>
+#include <QPicture>
 #include <QPixmapCache>
 #include <QRectF>
-#include <QSvgRenderer>
 #include <QtMath>
 #include <array>
 #include <utility>
@@ -39,27 +38,24 @@ constexpr auto files = std::to_array<std::pair<std::string_view, std::string_vie
     {"tray.and.arrow.down", "tray-arrow-down"},
 });
 
-/// The drawing's bytes with the line width that suits its size.
-QByteArray drawing(std::string_view name, int size, Stroke stroke)
+/// The drawing, 24 units wide, with the line width that suits its size.
+QPicture drawing(std::string_view name, int size, Stroke stroke)
 {
-    QFile file(QStringLiteral(":/icons/%1.svg").arg(toQt(fileName(name))));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QByteArray bytes = file.readAll();
     constexpr int small = 16;
-    if (stroke == Stroke::bold)
-        bytes.replace("stroke-width=\"1.8\"", "stroke-width=\"2.2\"");
-    else if (size <= small)
-        bytes.replace("stroke-width=\"1.8\"", "stroke-width=\"2.1\"");
-    return bytes;
+    const auto* const line = stroke == Stroke::bold ? ".bold" : size <= small ? ".small" : "";
+    QPicture picture;
+    picture.load(QStringLiteral(":/drawings/%1%2.pic").arg(toQt(fileName(name)), QLatin1String(line)));
+    return picture;
 }
 
-QPixmap render(QSvgRenderer& renderer, int side)
+QPixmap render(QPicture& picture, int side)
 {
+    constexpr double units = 24;
     QPixmap pixmap(side, side);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    renderer.render(&painter, QRectF(0, 0, side, side));
+    painter.scale(side / units, side / units);
+    picture.play(&painter);
     return pixmap;
 }
 
@@ -93,11 +89,10 @@ QPixmap pixmap(std::string_view name, int size, const QColor& color, double devi
     QPixmap found;
     if (QPixmapCache::find(key, &found))
         return found;
-    const QByteArray bytes = drawing(name, size, stroke);
-    if (bytes.isEmpty())
+    QPicture picture = drawing(name, size, stroke);
+    if (picture.isNull())
         return {};
-    QSvgRenderer renderer(bytes);
-    found = tinted(render(renderer, qCeil(size * devicePixelRatio)), color);
+    found = tinted(render(picture, qCeil(size * devicePixelRatio)), color);
     found.setDevicePixelRatio(devicePixelRatio);
     QPixmapCache::insert(key, found);
     return found;
@@ -115,10 +110,10 @@ void draw(QPainter& painter, const QRectF& area, std::string_view name, int size
 
 QIcon appIcon()
 {
-    QSvgRenderer renderer(QStringLiteral(":/icons/app-icon.svg"));
+    QPicture picture = drawing("app-icon", 128, Stroke::regular);
     QIcon icon;
     for (const int side : {16, 24, 32, 48, 64, 128})
-        icon.addPixmap(render(renderer, side));
+        icon.addPixmap(render(picture, side));
     return icon;
 }
 
