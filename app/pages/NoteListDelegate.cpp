@@ -6,6 +6,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <algorithm>
 
 namespace zelta {
 
@@ -35,7 +36,7 @@ QColor blended(QColor color, qreal opacity)
 /// the line.
 QString elided(const QString& text, const QFontMetrics& metrics, int width)
 {
-    constexpr int narrow = 2; // pixels
+    const int narrow = std::max(1, metrics.averageCharWidth() * 2 / 3);
     const QString start = text.left(width / narrow);
     QString shown = metrics.elidedText(start, Qt::ElideRight, width);
     const bool isCut = shown != start || start.size() == text.size();
