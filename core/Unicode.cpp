@@ -53,14 +53,20 @@ void CodePoints::Iterator::readBeyondAscii()
     m_value = static_cast<char32_t>(value);
 }
 
+// For ASCII, which is most of what is asked about, no table of the library is read into memory.
+
 bool isWhiteSpace(char32_t c)
 {
+    if (c < 0x80)
+        return c == U' ' || (c >= U'\t' && c <= U'\r');
     return u_isUWhiteSpace(toIcu(c)) != 0;
 }
 
 bool isBlank(char32_t c)
 {
-    return c == U'\t' || u_charType(toIcu(c)) == U_SPACE_SEPARATOR;
+    if (c < 0x80)
+        return c == U' ' || c == U'\t';
+    return u_charType(toIcu(c)) == U_SPACE_SEPARATOR;
 }
 
 bool isLineSeparator(char32_t c)

@@ -23,10 +23,11 @@ void NoteListModel::setNotes(std::vector<NoteStamp> notes, Instant now, const Ca
 void NoteListModel::arrange(Instant now, const Calendar& calendar)
 {
     beginResetModel();
-    m_shown.assign(m_notes.size(), std::nullopt);
+    m_shown.clear();
     m_calendar = calendar;
     m_groups = groupNotes(m_notes, now, calendar);
     m_rows.clear();
+    m_rows.reserve(m_groups.size() + m_notes.size());
     for (std::size_t i = 0; i < m_groups.size(); ++i) {
         m_rows.push_back({.isHeading = true, .place = i});
         for (const std::size_t place : m_groups[i].notes)
@@ -41,7 +42,7 @@ void NoteListModel::updateNote(const NoteStamp& changed, Instant now, const Cale
     if (found == m_notes.end())
         return;
     *found = changed;
-    m_shown[static_cast<std::size_t>(found - m_notes.begin())].reset();
+    m_shown.erase(static_cast<std::size_t>(found - m_notes.begin()));
     regroup(now, calendar);
     const QModelIndex row = indexOf(changed.id);
     Q_EMIT dataChanged(row, row);
@@ -83,8 +84,9 @@ const NoteListModel::Shown& NoteListModel::shown(std::size_t place) const
 {
     // A row shows one elided line; a title may be the whole of a very long paragraph.
     constexpr qsizetype longestShown = 400;
-    std::optional<Shown>& shown = m_shown[place];
-    if (!shown) {
+    const auto [entry, isNew] = m_shown.try_emplace(place);
+    Shown& shown = entry->second;
+    if (isNew) {
         const auto [id, updatedAt] = m_notes[place];
         // One that another copy of the program has deleted stays in the list until that is loaded again.
         const Note note = m_read(id).value_or(Note(id, {}, updatedAt, updatedAt));
@@ -94,7 +96,7 @@ const NoteListModel::Shown& NoteListModel::shown(std::size_t place) const
                  .date = toQt(CalendarKit::fullDate(updatedAt, *m_calendar)),
                  .isRightToLeft = directionOf(title) == TextDirection::rightToLeft};
     }
-    return *shown;
+    return shown;
 }
 
 QVariant NoteListModel::noteData(std::size_t place, int role) const

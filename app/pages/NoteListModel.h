@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 namespace zelta {
@@ -73,7 +74,7 @@ private:
 
     Reader m_read;
     std::vector<NoteStamp> m_notes;
-    mutable std::vector<std::optional<Shown>> m_shown; // by place, for the rows looked at so far
+    mutable std::unordered_map<std::size_t, Shown> m_shown; // by place, for the rows looked at so far
     std::vector<NoteGroup> m_groups;
     std::vector<Row> m_rows;
     std::optional<Calendar> m_calendar;
