@@ -4,6 +4,7 @@
 #include "app/model/SystemClock.h"
 #include "app/shell/Lifetime.h"
 #include "app/shell/MainWindow.h"
+#include "app/shell/Memory.h"
 
 #include <fontconfig/fontconfig.h>
 
@@ -45,6 +46,7 @@ int main(int argc, char** argv)
         break;
     }
 
+    Memory::useOneHeap();
     // Opening the database, reading the font configuration and asking the X server take some milliseconds
     // each, so they go side by side.
     std::unique_ptr<Store> store;

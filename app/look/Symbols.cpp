@@ -2,11 +2,13 @@
 
 #include "app/model/Text.h"
 
+#include <QIconEngine>
 #include <QPainter>
 #include <QPicture>
 #include <QPixmapCache>
 #include <QRectF>
 #include <QtMath>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -38,14 +40,20 @@ constexpr auto files = std::to_array<std::pair<std::string_view, std::string_vie
     {"tray.and.arrow.down", "tray-arrow-down"},
 });
 
-/// The drawing, 24 units wide, with the line width that suits its size.
+/// A drawing that the build has recorded, 24 units wide. Null when there is none.
+QPicture recorded(const QString& name)
+{
+    QPicture picture;
+    picture.load(QStringLiteral(":/drawings/%1.pic").arg(name));
+    return picture;
+}
+
+/// With the line width that suits the size.
 QPicture drawing(std::string_view name, int size, Stroke stroke)
 {
     constexpr int small = 16;
     const auto* const line = stroke == Stroke::bold ? ".bold" : size <= small ? ".small" : "";
-    QPicture picture;
-    picture.load(QStringLiteral(":/drawings/%1%2.pic").arg(toQt(fileName(name)), QLatin1String(line)));
-    return picture;
+    return recorded(toQt(fileName(name)) + QLatin1String(line));
 }
 
 QPixmap render(QPicture& picture, int side)
@@ -66,6 +74,24 @@ QPixmap tinted(QPixmap pixmap, const QColor& color)
     painter.fillRect(pixmap.rect(), color);
     return pixmap;
 }
+
+/// Renders the size that is asked for, and keeps none: a window manager asks once.
+class AppIconEngine final : public QIconEngine
+{
+public:
+    void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override
+    {
+        painter->drawPixmap(area, pixmap(area.size(), mode, state));
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
+    {
+        QPicture picture = recorded(QStringLiteral("app-icon"));
+        return render(picture, std::min(size.width(), size.height()));
+    }
+
+    [[nodiscard]] QIconEngine* clone() const override { return new AppIconEngine; }
+};
 
 } // namespace
 
@@ -110,11 +136,7 @@ void draw(QPainter& painter, const QRectF& area, std::string_view name, int size
 
 QIcon appIcon()
 {
-    QPicture picture = drawing("app-icon", 128, Stroke::regular);
-    QIcon icon;
-    for (const int side : {16, 24, 32, 48, 64, 128})
-        icon.addPixmap(render(picture, side));
-    return icon;
+    return QIcon(new AppIconEngine);
 }
 
 } // namespace zelta::Symbols

@@ -28,8 +28,7 @@ QPixmap pixmap(std::string_view name, int size, const QColor& color, double devi
 void draw(QPainter& painter, const QRectF& area, std::string_view name, int size, const QColor& color,
           Stroke stroke = Stroke::regular);
 
-/// The program's own icon, in the sizes that window managers ask for. Drawn here, because for Qt's own way of
-/// reading a picture the readers of all image formats are loaded.
+/// The program's own icon, in any size.
 QIcon appIcon();
 
 /// The file that a name stands for: "swap-arrows" for "arrow.left.arrow.right".

@@ -15,6 +15,7 @@
 #include "app/pages/SettingsView.h"
 #include "app/shell/AboutDialog.h"
 #include "app/shell/EditMenu.h"
+#include "app/shell/Memory.h"
 #include "app/shell/PageChrome.h"
 #include "app/shell/Sidebar.h"
 #include "app/shell/SidebarRow.h"
@@ -25,6 +26,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <cstddef>
+#include <utility>
 
 namespace zelta {
 namespace {
@@ -89,10 +91,12 @@ void MainWindow::paintEvent(QPaintEvent* event)
 {
     QMainWindow::paintEvent(event);
     // The icon is drawn in several sizes; the first frame does not wait for that.
-    if (!m_hasIcon) {
-        m_hasIcon = true;
-        const auto setIcon = [this] { setWindowIcon(Symbols::appIcon()); };
-        QMetaObject::invokeMethod(this, setIcon, Qt::QueuedConnection);
+    if (!std::exchange(m_hasStarted, true)) {
+        const auto finishStart = [this] {
+            setWindowIcon(Symbols::appIcon());
+            Memory::giveBack();
+        };
+        QMetaObject::invokeMethod(this, finishStart, Qt::QueuedConnection);
     }
 }
 

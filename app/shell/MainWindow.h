@@ -36,7 +36,7 @@ private:
     AppModel& m_model;
     QStackedWidget* m_pages = nullptr;
     std::array<PageChrome*, caseCount<Module>> m_built {};
-    bool m_hasIcon = false;
+    bool m_hasStarted = false;
 };
 
 } // namespace zelta

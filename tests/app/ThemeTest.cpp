@@ -250,6 +250,16 @@ TEST(Theme, HasADrawingForEveryFileAndPage)
     EXPECT_TRUE(Symbols::pixmap("no such symbol", 24, Qt::black, 1).isNull());
 }
 
+TEST(Theme, RendersTheProgramsIconInAnySize)
+{
+    for (const int side : {16, 22, 64, 128}) {
+        const QImage icon = Symbols::appIcon().pixmap(side).toImage();
+        ASSERT_EQ(icon.size(), QSize(side, side));
+        EXPECT_EQ(icon.pixelColor(0, 0).alpha(), 0) << "it is round at the corners";
+        EXPECT_EQ(icon.pixelColor(side / 2, side / 8).alpha(), 255);
+    }
+}
+
 TEST(Theme, TintsSymbolsAndRendersThemForTheScreen)
 {
     const QPixmap symbol = Symbols::pixmap("arrow.left.arrow.right", 16, Qt::red, 1.5);
