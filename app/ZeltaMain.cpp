@@ -9,11 +9,15 @@
 #include <fontconfig/fontconfig.h>
 
 #include <QApplication>
+#include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <optional>
+#include <string>
 #include <thread>
 #include <utility>
 
+namespace zelta {
 namespace {
 
 constexpr const char* help = "Usage: zelta-basic [-ZeltaBasicDatabase PATH]\n"
@@ -23,39 +27,28 @@ constexpr const char* help = "Usage: zelta-basic [-ZeltaBasicDatabase PATH]\n"
                              "  --version                 print the version and exit\n"
                              "  --help                    print this text and exit\n";
 
-} // namespace
-
-int main(int argc, char** argv)
+/// Shows the window and paints it while the window manager still makes room for it; Qt would wait for that.
+/// What is still to be laid out comes first, or the picture would be painted twice.
+void showPainted(QWidget& window)
 {
-    using namespace zelta;
+    window.show();
+    QCoreApplication::sendPostedEvents();
+    window.setAttribute(Qt::WA_Mapped);
+    window.repaint();
+}
 
-    const auto count = static_cast<std::size_t>(argc > 0 ? argc - 1 : 0);
-    const LaunchArguments arguments = parseLaunchArguments({argv + (argc > 0 ? 1 : 0), count});
-    if (arguments.complaint)
-        std::fprintf(stderr, "%s\n", arguments.complaint->c_str());
-    switch (arguments.request) {
-    case LaunchArguments::Request::refuse:
-        return 2;
-    case LaunchArguments::Request::version:
-        std::puts("zelta-basic " ZELTA_VERSION);
-        return 0;
-    case LaunchArguments::Request::help:
-        std::fputs(help, stdout);
-        return 0;
-    case LaunchArguments::Request::run:
-        break;
-    }
-
+int run(int argc, char** argv, const std::optional<std::string>& database)
+{
     Memory::useOneHeap();
     // Opening the database, reading the font configuration and asking the X server take some milliseconds
     // each, so they go side by side.
     std::unique_ptr<Store> store;
-    std::jthread beside([&store, &arguments] {
-        store = AppModel::launchStore(arguments.database);
+    std::jthread beside([&store, &database] {
+        store = AppModel::launchStore(database);
         FcInit();
     });
-    int onlyTheName
-        = argc > 0 ? 1 : 0; // The rest has been read; Qt has options of its own that are not ours.
+    // The arguments have been read; Qt has options of its own that are not ours.
+    int onlyTheName = std::min(argc, 1);
     QApplication application(onlyTheName, argv);
     QApplication::setApplicationName(QStringLiteral("zelta-basic"));
     QApplication::setApplicationDisplayName(QStringLiteral("Zelta Basic"));
@@ -70,11 +63,32 @@ int main(int argc, char** argv)
     MainWindow window(model);
     const Lifetime lifetime(window, clock);
     look.hearDesktop();
-    window.show();
-    // Qt would paint once the window manager has made room for the window; this way both work at the same
-    // time. What is still to be laid out comes first, or the picture would be painted twice.
-    QCoreApplication::sendPostedEvents();
-    window.setAttribute(Qt::WA_Mapped);
-    window.repaint();
+    showPainted(window);
     return QApplication::exec();
+}
+
+} // namespace
+} // namespace zelta
+
+int main(int argc, char** argv)
+{
+    using zelta::LaunchArguments;
+
+    const auto count = static_cast<std::size_t>(argc > 0 ? argc - 1 : 0);
+    const LaunchArguments arguments = zelta::parseLaunchArguments({argv + (argc > 0 ? 1 : 0), count});
+    if (arguments.complaint)
+        std::fprintf(stderr, "%s\n", arguments.complaint->c_str());
+    switch (arguments.request) {
+    case LaunchArguments::Request::run:
+        return zelta::run(argc, argv, arguments.database);
+    case LaunchArguments::Request::refuse:
+        return 2;
+    case LaunchArguments::Request::version:
+        std::puts("zelta-basic " ZELTA_VERSION);
+        return 0;
+    case LaunchArguments::Request::help:
+        std::fputs(zelta::help, stdout);
+        return 0;
+    }
+    return 2; // a request that is none
 }
