@@ -94,10 +94,12 @@ void Picker::showPopup()
 /// Qt would make the list only to give it the new font; a picker that is never opened does without one.
 void Picker::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::FontChange && findChild<QAbstractItemView*>() == nullptr)
-        QWidget::changeEvent(event);
-    else
+    if (event->type() != QEvent::FontChange || findChild<QAbstractItemView*>() != nullptr) {
         QComboBox::changeEvent(event);
+        return;
+    }
+    updateGeometry();
+    update();
 }
 
 /// Scrolling the page must not change a unit that happens to pass below the pointer.
