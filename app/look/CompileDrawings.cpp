@@ -5,6 +5,7 @@
 // Writes NAME.pic for each file, 24 units wide, and for those with the usual line width also NAME.small.pic
 // and NAME.bold.pic with heavier lines.
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QPainter>

@@ -184,7 +184,7 @@ void NotesView::updateBlock(const ParagraphKey& key, std::int64_t inNote, std::s
     }
     std::optional<Note> late = m_keeper->note(inNote);
     if (late && replaceText(*late, key, text, now()))
-        static_cast<void>(write(*late));
+        write(*late);
 }
 
 void NotesView::appendBlock()

@@ -84,7 +84,7 @@ private:
     void setTabOrders();
     void handOn();
     void scheduleSave();
-    [[nodiscard]] bool write(const Note& note);
+    bool write(const Note& note);
     void searchChanged();
     void runDueSearch();
     void runSearch();
