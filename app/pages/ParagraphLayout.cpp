@@ -155,6 +155,7 @@ void ParagraphLayout::ensureLaidOut(const QTextBlock& block) const
     QTextOption option = document()->defaultTextOption();
     option.setAlignment(QStyle::visualAlignment(option.textDirection(), option.alignment()));
     lines.setTextOption(option);
+    lines.setCacheEnabled(true); // the caret and the painter would shape it again, at each keystroke
     lines.beginLayout();
     int y = 0;
     for (QTextLine line = lines.createLine(); line.isValid(); line = lines.createLine()) {
