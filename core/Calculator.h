@@ -88,7 +88,7 @@ private:
     void show(const Decimal& value);
 
     Decimal m_current; ///< What is shown while nothing is typed.
-    std::string m_typed; ///< As typed: [-]digits[.digits], or "-" alone.
+    std::string m_typed; ///< As typed, "0." and "-0" too; empty while nothing is.
     std::optional<HalfOperation> m_pending; ///< Left operand and operator.
     std::optional<HalfOperation> m_repeat; ///< Operator and right operand of the last "=".
     bool m_startsNewEntry = true; ///< No number has been entered since the last operator or result.

@@ -49,7 +49,7 @@ void TapeLine::setEntry(const Calculator::TapeEntry& entry)
     const QString result = toQt(entry.resultText());
     setText(result);
     setToolTip(QStringLiteral("Use ") + result);
-    setAccessibleName(toQt(entry.expression) + QStringLiteral(", ") + result);
+    setAccessibleName(tapeLineText(entry));
     update();
 }
 
@@ -145,13 +145,12 @@ WrappingRow* TapePanel::makeButtons()
         row->add(button);
         return button;
     };
-    auto* copy = add("Copy tape", "doc.on.doc");
-    auto* save = add("Save to history", "tray.and.arrow.down");
-    auto* clear = add("Clear tape", "trash");
-    connect(copy, &QAbstractButton::clicked, this, &TapePanel::copyTape);
-    connect(save, &QAbstractButton::clicked, this, &TapePanel::saveRequested);
-    connect(clear, &QAbstractButton::clicked, this, &TapePanel::clearRequested);
-    m_tapeButtons = {copy, clear};
+    m_copy = add("Copy tape", "doc.on.doc");
+    m_save = add("Save to history", "tray.and.arrow.down");
+    m_clear = add("Clear tape", "trash");
+    connect(m_copy, &QAbstractButton::clicked, this, &TapePanel::copyTape);
+    connect(m_save, &QAbstractButton::clicked, this, &TapePanel::saveRequested);
+    connect(m_clear, &QAbstractButton::clicked, this, &TapePanel::clearRequested);
     return row;
 }
 
@@ -174,7 +173,13 @@ TapeLine* TapePanel::makeLine()
     auto* line = new TapeLine(m_area->widget());
     column->insertWidget(static_cast<int>(m_lines.size()), line);
     // Tab goes from line to line, and only then to the buttons below.
-    QWidget::setTabOrder(m_lines.empty() ? static_cast<QWidget*>(m_area) : m_lines.back(), line);
+    if (m_lines.empty()) {
+        QWidget::setTabOrder(line, m_copy);
+        QWidget::setTabOrder(m_copy, m_save);
+        QWidget::setTabOrder(m_save, m_clear);
+    } else {
+        QWidget::setTabOrder(m_lines.back(), line);
+    }
     connect(line, &QAbstractButton::clicked, this, [this, line] { Q_EMIT used(line->entry().result); });
 
     auto* copyResult = new QAction(QStringLiteral("Copy result"), line);
@@ -192,18 +197,30 @@ void TapePanel::setEntries(const std::deque<Calculator::TapeEntry>& entries)
 {
     while (m_lines.size() < entries.size())
         m_lines.push_back(makeLine());
+    moveFocus(entries.empty());
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
         m_lines[i]->setVisible(i < entries.size());
         if (i < entries.size() && m_lines[i]->entry().id != entries[i].id)
             m_lines[i]->setEntry(entries[i]);
     }
     m_empty->setVisible(entries.empty());
-    for (Button* button : m_tapeButtons)
-        button->setEnabled(!entries.empty());
+    m_copy->setEnabled(!entries.empty());
+    m_clear->setEnabled(!entries.empty());
     for (QAction* action : m_tapeActions)
         action->setEnabled(!entries.empty());
     m_area->verticalScrollBar()->setValue(0);
     fitLines();
+}
+
+/// The focus does not stay on a line that scrolls out of sight, nor on what is about to go: Qt would take it
+/// to another part of the window.
+void TapePanel::moveFocus(bool isEmpty)
+{
+    const bool isOnLine = std::ranges::any_of(m_lines, &QWidget::hasFocus);
+    if (isEmpty && (isOnLine || m_copy->hasFocus() || m_clear->hasFocus()))
+        m_save->setFocus();
+    else if (isOnLine)
+        m_lines.front()->setFocus();
 }
 
 std::size_t TapePanel::shownLines() const

@@ -69,6 +69,7 @@ private:
     WrappingRow* makeButtons();
     void makeMenu();
     TapeLine* makeLine();
+    void moveFocus(bool isEmpty);
     void copyTape();
     void fitLines();
     [[nodiscard]] std::size_t shownLines() const;
@@ -76,8 +77,10 @@ private:
     Label* m_empty;
     QScrollArea* m_area = nullptr;
     std::vector<TapeLine*> m_lines; ///< The shown ones, newest first, then spare ones.
-    std::vector<Button*> m_tapeButtons; ///< Enabled only while there is a tape.
-    std::vector<QAction*> m_tapeActions;
+    Button* m_copy = nullptr;
+    Button* m_save = nullptr;
+    Button* m_clear = nullptr;
+    std::vector<QAction*> m_tapeActions; ///< Enabled only while there is a tape.
 };
 
 /// A line as it is copied: "12 + 3 = 15".

@@ -5,12 +5,14 @@
 #include "app/model/Text.h"
 #include "app/pages/CalculatorDisplay.h"
 #include "app/pages/Keypad.h"
+#include "app/pages/ShortcutsPanel.h"
 #include "app/pages/TapePanel.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -370,9 +372,9 @@ TEST(CalculatorTapePanel, ListsNewestFirst)
     stage.type("12+3\r1200*3\r");
     const auto lines = stage.lines();
     ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0]->accessibleName(), QStringLiteral("1,200 × 3, 3,600"));
+    EXPECT_EQ(lines[0]->accessibleName(), QStringLiteral("1,200 × 3 = 3,600"));
     EXPECT_EQ(lines[0]->toolTip(), QStringLiteral("Use 3,600"));
-    EXPECT_EQ(lines[1]->accessibleName(), QStringLiteral("12 + 3, 15"));
+    EXPECT_EQ(lines[1]->accessibleName(), QStringLiteral("12 + 3 = 15"));
     Q_EMIT stage.button("Copy tape")->clicked();
     EXPECT_EQ(stage.clipboard(), "1,200 × 3 = 3,600\n12 + 3 = 15");
 }
@@ -427,7 +429,7 @@ TEST(CalculatorTapePanel, KeepsFortyLinesAndScrollsToTheNewest)
     area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
     stage.type("\r");
     EXPECT_EQ(area->verticalScrollBar()->value(), 0);
-    EXPECT_EQ(stage.lines().front()->accessibleName(), QStringLiteral("47 + 1, 48"));
+    EXPECT_EQ(stage.lines().front()->accessibleName(), QStringLiteral("47 + 1 = 48"));
 }
 
 TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
@@ -449,13 +451,56 @@ TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
     EXPECT_EQ(display.number(), longest);
 }
 
+TEST(CalculatorTapePanel, IsReachedByTabFromTheKeysLineByLineThenItsButtons)
+{
+    Stage stage;
+    stage.type("1+1\r\r");
+    stage.button("Equals")->setFocus();
+    QStringList stops;
+    for (int i = 0; i < 5; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const auto* stop = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+        ASSERT_NE(stop, nullptr);
+        stops += stop->accessibleName().isEmpty() ? stop->text() : stop->accessibleName();
+    }
+    EXPECT_EQ(toUtf8(stops.join(QStringLiteral("; "))),
+              "2 + 1 = 3; 1 + 1 = 2; Copy tape; Save to history; Clear tape");
+}
+
+TEST(CalculatorTapePanel, KeepsTheFocusWhenItIsCleared)
+{
+    Stage stage;
+    for (const bool isOnLine : {false, true}) {
+        stage.type("1+1\r");
+        (isOnLine ? stage.lines().front() : stage.button("Clear tape"))->setFocus();
+        stage.button("Clear tape")->click();
+        EXPECT_EQ(QApplication::focusWidget(), stage.button("Save to history")) << isOnLine;
+    }
+}
+
+TEST(CalculatorTapePanel, MovesTheFocusToTheNewestLine)
+{
+    Stage stage;
+    stage.type("1+1\r\r\r");
+    stage.lines().back()->setFocus();
+    stage.type("\r");
+    EXPECT_EQ(QApplication::focusWidget(), stage.lines().front());
+}
+
 TEST(CalculatorShortcuts, AreListed)
 {
     const Stage stage;
-    for (const char* text : {"Shortcuts", "0 – 9  .", "Enter a number", "+  −  *  /", "Operators", "Return",
-                             "Equals", "Delete", "Backspace", "Escape", "Clear everything", "%", "Percent",
-                             "N", "Change the sign", "⌘C", "Copy the display"})
-        EXPECT_TRUE(stage.shows(text)) << text;
+    QList<QLabel*> labels = stage.page.findChild<ShortcutsPanel*>()->findChildren<QLabel*>();
+    std::ranges::sort(labels, {}, [](const QLabel* label) {
+        const QPoint middle = label->mapTo(label->window(), label->rect().center());
+        return std::pair(middle.y(), middle.x());
+    });
+    QStringList texts;
+    for (const QLabel* label : labels)
+        texts += label->text();
+    EXPECT_EQ(toUtf8(texts.join(QLatin1Char('|'))),
+              "Shortcuts|0 – 9  .|Enter a number|+  −  *  /|Operators|Return|Equals|Delete|Backspace|Escape|"
+              "Clear everything|%|Percent|N|Change the sign|⌘C|Copy the display");
 }
 
 TEST(CalculatorView, ExplainsPercentAndTape)

@@ -11,7 +11,7 @@ class Calculator(scenario.Scenario):
         app.type("12+3")
         app.key("Return")
         app.wait_text("15")
-        app.wait("12 + 3, 15")
+        app.wait("12 + 3 = 15")
 
         app.click("Save to history", "push button")
         app.wait("Saved to history")

@@ -111,7 +111,7 @@ class Keyboard(scenario.Scenario):
         app.type("12+3")
         self.tab_to(app, "Equals")
         app.key("space")
-        app.wait("12 + 3, 15")
+        app.wait("12 + 3 = 15")
         self.tab_to(app, "Save to history")
         app.key("space")
         app.wait("Saved to history")
