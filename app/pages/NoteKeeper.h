@@ -29,6 +29,7 @@ public:
     void forget(std::int64_t id);
 
     [[nodiscard]] bool isKept(std::int64_t id) const { return m_kept.contains(id); }
+    [[nodiscard]] bool isEmpty() const { return m_kept.empty(); }
 
 private:
     Store& m_store;

@@ -23,18 +23,24 @@ constexpr int line = 1;
 class NoteRows final : public QListView
 {
 public:
-    NoteRows(QWidget* parent, std::function<void(const QModelIndex&)> chosenAgain)
+    NoteRows(QWidget* parent, std::function<void(const QModelIndex&)> chosenAgain,
+             std::function<void()> showSelection)
         : QListView(parent)
         , m_chosenAgain(std::move(chosenAgain))
+        , m_showSelection(std::move(showSelection))
     { }
 
 protected:
     void mousePressEvent(QMouseEvent* event) override
     {
-        const QModelIndex before = currentIndex();
-        QListView::mousePressEvent(event);
-        if (event->button() == Qt::LeftButton && before.isValid() && indexAt(event->pos()) == before)
-            m_chosenAgain(before);
+        const QModelIndex row = indexAt(event->pos());
+        if (event->button() == Qt::LeftButton && row.isValid() && row == currentIndex())
+            m_chosenAgain(row);
+        else
+            QListView::mousePressEvent(event);
+        // The note that was open has been saved, which may have moved the rows, and Qt has selected the one
+        // that lies below the pointer now.
+        m_showSelection();
     }
 
     void updateGeometries() override
@@ -46,6 +52,7 @@ protected:
 
 private:
     std::function<void(const QModelIndex&)> m_chosenAgain;
+    std::function<void()> m_showSelection;
 };
 
 } // namespace
@@ -63,7 +70,7 @@ NotesListView::NotesListView(NoteListModel::Reader readNote, QWidget* parent)
         if (!m_isSelecting && id.isValid())
             Q_EMIT noteChosen(id.toLongLong());
     };
-    m_list = new NoteRows(this, choose);
+    m_list = new NoteRows(this, choose, [this] { showSelection(); });
     m_list->setAccessibleName(QStringLiteral("Notes"));
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setModel(m_model);

@@ -15,6 +15,7 @@
 #include "app/pages/NotesToolbar.h"
 #include "app/pages/ParagraphColumn.h"
 #include "app/pages/SearchField.h"
+#include "core/Unicode.h"
 
 #include <QHBoxLayout>
 #include <QListView>
@@ -126,8 +127,8 @@ void NotesView::reload(OnReload onReload)
     m_searchTask.cancel();
     m_reloadTask.cancel();
     const std::string search = toUtf8(m_toolbar->search->text());
-    m_list->setWhenEmpty(search.empty() ? NotesListView::WhenEmpty::noNotesYet
-                                        : NotesListView::WhenEmpty::noMatches);
+    m_list->setWhenEmpty(Unicode::trim(search).empty() ? NotesListView::WhenEmpty::noNotesYet
+                                                       : NotesListView::WhenEmpty::noMatches);
     m_list->model().setNotes(m_model.store().noteStamps(search, listLimit), now(), m_model.calendar());
     if (!selectionStays(notes(), selectedID(), onReload))
         openDraft(notes().empty() ? std::nullopt : m_keeper->note(notes().front().id));
@@ -163,14 +164,17 @@ void NotesView::open(std::int64_t noteId)
 
 void NotesView::openDraft(std::optional<Note> note)
 {
-    m_saveTask.cancel();
     m_isUnsaved = note && m_keeper->isKept(note->id);
     if (note)
         m_draft.emplace(*std::move(note));
     else
         m_draft.reset();
     m_list->select(selectedID());
+    const bool hadFocus = m_pane->isAncestorOf(window()->focusWidget());
     showDraft();
+    // The paragraph that had the focus is gone, and Qt would go on to another part of the window.
+    if (hadFocus)
+        (notes().empty() ? static_cast<QWidget*>(m_toolbar->newNote) : m_list->list())->setFocus();
 }
 
 void NotesView::updateBlock(const ParagraphKey& key, std::int64_t inNote, std::string_view text)
@@ -299,11 +303,23 @@ void NotesView::scheduleSave()
 void NotesView::flushSave()
 {
     const Clock::Task due = std::move(m_saveTask); // pending until it is written
-    // A failed write leaves the draft unsaved, for the next occasion.
     if (m_draft && m_isUnsaved)
         m_isUnsaved = !write(m_draft->note());
     if (!m_isUnsaved)
         m_keeper->retry();
+    if (m_isUnsaved || !m_keeper->isEmpty())
+        scheduleRetry();
+    else
+        m_failedSaves = 0;
+}
+
+/// Another program may hold the file for a while; each try waits for it, so they become rare.
+void NotesView::scheduleRetry()
+{
+    const auto delay = std::min(longestRetryDelay, retryDelay * (1 << std::min(m_failedSaves, 6)));
+    const bool isWaitedFor = m_failedSaves++ < triesBeforeTheEnd;
+    m_saveTask = m_model.clock().after(
+        delay, [this] { flushSave(); }, isWaitedFor ? Clock::Purpose::save : Clock::Purpose::display);
 }
 
 /// True when it is written; the list shows it either way.
@@ -358,6 +374,9 @@ void NotesView::hideEvent(QHideEvent* event)
     QWidget::hideEvent(event);
     m_reloadTask.cancel();
     handOn();
+    // What could not be written gets its tries anew: this may be the end of the program.
+    if (std::exchange(m_failedSaves, 0) > 0)
+        scheduleRetry();
 }
 
 void NotesView::resizeEvent(QResizeEvent* event)

@@ -35,6 +35,11 @@ class NotesView final : public QWidget
 
 public:
     static constexpr std::chrono::milliseconds saveDelay {600};
+    /// A save that failed is tried again after this time, and after twice the time whenever it fails again.
+    static constexpr std::chrono::milliseconds retryDelay {500};
+    static constexpr std::chrono::milliseconds longestRetryDelay {32'000};
+    /// A program that was closed waits for so many tries; a full disk may stay full.
+    static constexpr int triesBeforeTheEnd = 2;
     static constexpr std::int64_t listLimit = 1000;
 
     explicit NotesView(AppModel& model, QWidget* parent = nullptr);
@@ -84,6 +89,7 @@ private:
     void setTabOrders();
     void handOn();
     void scheduleSave();
+    void scheduleRetry();
     bool write(const Note& note);
     void searchChanged();
     void runDueSearch();
@@ -102,6 +108,7 @@ private:
     NoteEditorPane* m_pane;
     std::optional<NoteDraft> m_draft;
     bool m_isUnsaved = false;
+    int m_failedSaves = 0; ///< One after the other, up to now.
     bool m_isLoaded = false;
     SearchPace m_pace;
     Clock::Task m_saveTask;

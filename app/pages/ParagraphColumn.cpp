@@ -56,14 +56,19 @@ void ParagraphColumn::show(const Note* note)
     const bool isSameNote = noteId == m_noteId;
     if (isSameNote)
         reuseRows(rows);
-    std::swap(m_rows, rows);
-    m_noteId = noteId;
-    dropRows(rows);
-    if (!isSameNote)
-        verticalScrollBar()->setValue(0);
-    for (Row& row : m_rows) {
-        if (row.editor != nullptr)
-            row.editor->setValue(std::exchange(row.text, {}));
+    {
+        // A row that goes passes the focus on, and the page may scroll: both ask for editors, which take
+        // the texts of their rows.
+        const QScopedValueRollback<bool> placing(m_isPlacing, true);
+        std::swap(m_rows, rows);
+        m_noteId = noteId;
+        dropRows(rows);
+        if (!isSameNote)
+            verticalScrollBar()->setValue(0);
+        for (Row& row : m_rows) {
+            if (row.editor != nullptr)
+                row.editor->setValue(std::exchange(row.text, {}));
+        }
     }
     placeRows();
 }
@@ -99,6 +104,7 @@ void ParagraphColumn::dropRows(std::vector<Row>& rows)
             continue;
         row.editor->publishNow();
         row.editor->disconnect(this);
+        row.editor->editor()->disconnect(this);
         row.editor->hide();
         row.editor->deleteLater();
     }

@@ -149,6 +149,52 @@ TEST_F(NotesBadInput, LateWordsThatCouldNotBeWrittenAreThereWhenTheNoteIsOpenedA
     EXPECT_EQ(shown(), Texts {"closed, later"});
 }
 
+TEST_F(NotesBadInput, AWriteThatFailedIsTriedAgainByItself)
+{
+    const std::int64_t other = add({"other"}, 1h);
+    const std::int64_t id = add({"kept"});
+    open();
+    auto file = sqlite::Connection::open(store().url().string());
+    for (const bool isStillOpen : {true, false}) {
+        file.execute("CREATE TRIGGER busy BEFORE UPDATE ON notes BEGIN SELECT RAISE(ABORT, 'busy'); END;");
+        page->open(id);
+        type(0, QStringLiteral("!"));
+        test.clock.advance(950ms);
+        if (!isStillOpen)
+            page->open(other);
+        test.clock.advance(3s);
+        file.execute("DROP TRIGGER busy;");
+        test.clock.advance(NotesView::longestRetryDelay);
+        EXPECT_EQ(stored(id), Texts {isStillOpen ? "kept!" : "kept!!"});
+        EXPECT_FALSE(test.clock.hasPendingSaves());
+    }
+}
+
+TEST_F(NotesBadInput, TheEndWaitsForAFileThatIsBusyButNotForAFullDisk)
+{
+    const std::int64_t id = add({"kept"});
+    open();
+    auto file = sqlite::Connection::open(store().url().string());
+    file.execute("CREATE TRIGGER busy BEFORE UPDATE ON notes BEGIN SELECT RAISE(ABORT, 'busy'); END;");
+    type(0, QStringLiteral("!"));
+    test.clock.advance(10min);
+    EXPECT_FALSE(test.clock.hasPendingSaves());
+    page->hide();
+    EXPECT_TRUE(test.clock.hasPendingSaves());
+    test.clock.advance(NotesView::retryDelay);
+    EXPECT_TRUE(test.clock.hasPendingSaves());
+    file.execute("DROP TRIGGER busy;");
+    test.clock.advance(2 * NotesView::retryDelay);
+    EXPECT_EQ(stored(id), Texts {"kept!"});
+
+    page->show();
+    file.execute("CREATE TRIGGER full BEFORE UPDATE ON notes BEGIN SELECT RAISE(ABORT, 'full'); END;");
+    type(0, QStringLiteral("!"));
+    page->hide();
+    test.clock.advance(3s);
+    EXPECT_FALSE(test.clock.hasPendingSaves()) << "a closed program would end";
+}
+
 TEST_F(NotesBadInput, SearchesForPatternsAndForAVeryLongText)
 {
     add({"100 percent"}, 2h);

@@ -349,6 +349,58 @@ TEST_F(NotesViewTest, ClickingARowOpensItAndForgetsTheSteps)
     EXPECT_EQ(shown(), (Texts {"newer", ""})) << "a heading is no note";
 }
 
+TEST_F(NotesViewTest, AClickOpensTheRowBelowThePointerThoughSavingMovesTheRows)
+{
+    add({"alpha"});
+    add({"bravo"}, 24h);
+    const std::int64_t charlie = add({"charlie"}, 48h);
+    const std::int64_t delta = add({"delta"}, 72h);
+    open();
+    page->open(delta);
+    type(0, QStringLiteral("!"));
+    QListView* list = page->list()->list();
+    const QRect row = list->visualRect(page->list()->model().indexOf(charlie));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
+    EXPECT_EQ(shown(), Texts {"charlie"});
+    EXPECT_EQ(list->currentIndex(), page->list()->model().indexOf(charlie));
+    EXPECT_EQ(list->selectionModel()->selectedIndexes(), QModelIndexList {list->currentIndex()});
+}
+
+TEST_F(NotesViewTest, AFocusInAParagraphTakesNoWordsAlong)
+{
+    const std::int64_t apple = add({"apple", "red"}, 1h);
+    add({"pear", "green"});
+    open();
+    rows()[0]->editor()->setFocus();
+    search(QStringLiteral("apple"));
+    EXPECT_EQ(shown(), (Texts {"apple", "red"}));
+    EXPECT_TRUE(page->list()->list()->hasFocus()) << "not in another part of the window";
+    type(1, QStringLiteral("!"));
+    test.clock.advance(1s);
+    EXPECT_EQ(stored(apple), (Texts {"apple", "red!"}));
+
+    rows()[0]->editor()->setFocus();
+    page->carryOutDelete(apple);
+    EXPECT_TRUE(page->toolbar()->newNote->hasFocus()) << "nothing is listed";
+}
+
+TEST_F(NotesViewTest, RemovingTheParagraphWithTheFocusTakesNoOtherAlong)
+{
+    Texts texts;
+    for (int i = 0; i < 100; ++i)
+        texts.push_back("paragraph " + std::to_string(i));
+    const std::int64_t id = add(texts);
+    open();
+    rows()[2]->editor()->setFocus();
+    rows()[2]->removeButton()->click();
+    texts.erase(texts.begin() + 2);
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        page->pane()->paragraphs()->focusParagraph(i); // makes its editor
+    EXPECT_EQ(shown(), texts);
+    test.clock.advance(1s);
+    EXPECT_EQ(stored(id), texts);
+}
+
 TEST_F(NotesViewTest, ARowTellsTitlePreviewAndDate)
 {
     add({"  Title \nline two", "more"});
