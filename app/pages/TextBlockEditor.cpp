@@ -88,9 +88,14 @@ int TextBlockEditor::preferredHeight() const
 
 void TextBlockEditor::publishNow()
 {
-    // What an input method still composes is part of what was typed.
     if (m_editor->hasFocus())
         QGuiApplication::inputMethod()->commit();
+    handOn();
+}
+
+/// What is being composed stays so: a pause to choose between characters does not end it.
+void TextBlockEditor::handOn()
+{
     // Pending until the page has it: in a gap without pending saves a closed program would end.
     const Clock::Task due = std::move(m_publishTask);
     if (!std::exchange(m_isTyped, false))
@@ -106,7 +111,7 @@ void TextBlockEditor::schedulePublish()
 {
     m_isTyped = true;
     m_publishTask = m_clock.after(
-        publishDelay, [this] { publishNow(); }, Clock::Purpose::save);
+        publishDelay, [this] { handOn(); }, Clock::Purpose::save);
     update();
 }
 

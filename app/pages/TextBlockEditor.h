@@ -39,7 +39,7 @@ public:
     /// Height of the text at the present width, but at least the minimum.
     [[nodiscard]] int preferredHeight() const;
 
-    /// Hands on what was typed and has not been handed on yet.
+    /// Hands on what was typed and has not been handed on yet, and what an input method is composing.
     void publishNow();
 
 Q_SIGNALS:
@@ -55,6 +55,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void handOn();
     void schedulePublish();
 
     Clock& m_clock;

@@ -2,6 +2,7 @@
 #include "app/pages/SelectableTextEditor.h"
 #include "app/pages/TextBlockEditor.h"
 #include "tests/app/support/HandClock.h"
+#include "tests/app/support/StandInInputMethod.h"
 
 #include <gtest/gtest.h>
 
@@ -302,6 +303,20 @@ TEST(ParagraphRow, HandsOnAtOnceWhenItLeavesTheScreen)
     stage.row.hide();
     EXPECT_EQ(stage.published, std::vector<std::string> {"typed"});
     EXPECT_FALSE(stage.clock.hasPendingSaves());
+}
+
+TEST(ParagraphRow, APauseLeavesACompositionOpen)
+{
+    using namespace test::StandInInputMethod;
+    Stage stage;
+    stage.type(QStringLiteral("x"));
+    compose(stage.editor, QStringLiteral("ni"));
+    stage.clock.advance(1s);
+    EXPECT_EQ(composed(), QStringLiteral("ni"));
+    EXPECT_EQ(stage.published, std::vector<std::string> {"x"});
+    stage.row.publishNow();
+    EXPECT_EQ(composed(), QString());
+    EXPECT_EQ(stage.published.back(), "xni") << "whoever asks gets all of it";
 }
 
 TEST(ParagraphRow, HandsOnNothingThatWasNotTyped)
