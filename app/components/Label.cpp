@@ -57,6 +57,7 @@ void Label::setOpacity(double opacity)
 void Label::setWrapped(int pixels)
 {
     m_lineHeight = pixels;
+    m_breaksWords = true;
     m_layout.setText({});
     m_heights.clear();
     setWordWrap(true);
@@ -121,8 +122,10 @@ void Label::paintEvent(QPaintEvent* event)
         return;
     }
     const QRect room = contentsRect();
-    const QSizeF size = broken(wordWrap() ? room.width() : unlimited);
-    if (m_brokenFor < size.width())
+    const double width = wordWrap() ? room.width() : unlimited;
+    const QSizeF size = broken(width);
+    // What fits on its own lines may have been broken for a narrower place since.
+    if (onOneLine().width() <= width && m_brokenFor < m_natural.width())
         breakLines(unlimited);
     const Qt::Alignment place = QStyle::visualAlignment(layoutDirection(), alignment());
     const double scale = devicePixelRatioF();
@@ -195,7 +198,9 @@ const QSizeF& Label::broken(double width) const
 void Label::breakLines(double width) const
 {
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-    option.setWrapMode(wordWrap() ? QTextOption::WordWrap : QTextOption::ManualWrap);
+    option.setWrapMode(!wordWrap()         ? QTextOption::ManualWrap
+                           : m_breaksWords ? QTextOption::WrapAtWordBoundaryOrAnywhere
+                                           : QTextOption::WordWrap);
     m_layout.setTextOption(option);
     m_brokenFor = width;
     m_size = {0, 0};

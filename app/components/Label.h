@@ -26,7 +26,8 @@ public:
     /// Lets the ground show through the colour; 1 is solid.
     void setOpacity(double opacity);
 
-    /// Wraps at the label's width, lines `pixels` apart (0: the font's own spacing).
+    /// Wraps at the label's width, lines `pixels` apart (0: the font's own spacing). A word that is wider
+    /// than the label, such as a long number, is broken too.
     void setWrapped(int pixels = 0);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -48,6 +49,7 @@ private:
     Theme::Token m_token = Theme::Token::text;
     float m_opacity = 1;
     int m_lineHeight = 0;
+    bool m_breaksWords = false;
     mutable QTextLayout m_layout; ///< The text as it was last measured or painted.
     mutable QSizeF m_natural {0, 0}; ///< What the text takes where there is room enough.
     mutable double m_longestWord = 0;

@@ -44,7 +44,7 @@ int labelHeight(const Label& label, int oneLine, int width, int line)
 Label* makeText(const std::string& text, Theme::FontRole role, Theme::Token token, QWidget* parent)
 {
     auto* label = new Label(toQt(text), role, token, parent);
-    label->setWordWrap(true);
+    label->setWrapped();
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return label;
 }

@@ -85,4 +85,18 @@ TEST(Label, PaintsTheTextOfTheMoment)
     EXPECT_EQ(inkIn(label), 0);
 }
 
+TEST(Label, BreaksAWordThatIsWiderThanItself)
+{
+    const QString number(60, QLatin1Char('8'));
+    Label whole(number);
+    whole.resize(whole.sizeHint());
+    Label wrapped(number);
+    wrapped.setWrapped();
+    constexpr int narrow = 150;
+    wrapped.resize(narrow, wrapped.heightForWidth(narrow));
+    EXPECT_GT(wrapped.height(), 3 * whole.height());
+    const int all = inkIn(whole);
+    EXPECT_NEAR(inkIn(wrapped), all, all / 10) << "all of it is painted";
+}
+
 } // namespace zelta
