@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QFocusEvent>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
@@ -149,8 +150,11 @@ void EditMenu::follow(QWidget* focus)
     for (const auto& connection : std::as_const(m_connections))
         disconnect(connection);
     m_connections.clear();
+    if (m_focus)
+        m_focus->removeEventFilter(this);
     m_focus = focus;
     if (auto* line = qobject_cast<QLineEdit*>(focus)) {
+        line->installEventFilter(this);
         m_connections << connect(line, &QLineEdit::selectionChanged, this, &EditMenu::refresh)
                       << connect(line, &QLineEdit::textChanged, this, &EditMenu::refresh);
     } else if (auto* text = qobject_cast<QTextEdit*>(focus)) {
@@ -159,6 +163,18 @@ void EditMenu::follow(QWidget* focus)
                       << connect(text, &QTextEdit::redoAvailable, this, &EditMenu::refresh);
     }
     refresh();
+}
+
+/// A field drops its selection when the menu bar takes the focus by key, but not for a menu that opens over
+/// it: so that is what it hears, or nothing would be left to cut or copy.
+bool EditMenu::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_focus || event->type() != QEvent::FocusOut
+        || static_cast<QFocusEvent*>(event)->reason() != Qt::MenuBarFocusReason)
+        return QMenu::eventFilter(watched, event);
+    QFocusEvent opened(QEvent::FocusOut, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(watched, &opened);
+    return true;
 }
 
 void EditMenu::refresh()

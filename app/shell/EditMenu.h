@@ -14,6 +14,9 @@ class EditMenu final : public QMenu
 public:
     explicit EditMenu(QWidget* parent);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     struct Target;
 

@@ -5,7 +5,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QSocketNotifier>
 #include <QWidget>
@@ -48,6 +48,11 @@ bool Lifetime::eventFilter(QObject* watched, QEvent* event)
     // Queued: the window hides only after this event, and its rows hand on their text while it does.
     if (watched == &m_window && event->type() == QEvent::Close) {
         m_closed = true;
+        // An open question goes with its window.
+        for (QWidget* other : QApplication::topLevelWidgets()) {
+            if (other != &m_window && other->isVisible())
+                other->close();
+        }
         QMetaObject::invokeMethod(this, &Lifetime::quitWhenSaved, Qt::QueuedConnection);
     }
     return QObject::eventFilter(watched, event);

@@ -1,3 +1,4 @@
+#include "app/components/ConfirmDialog.h"
 #include "app/components/Label.h"
 #include "app/model/AppInfo.h"
 #include "app/model/Text.h"
@@ -11,8 +12,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -277,6 +280,28 @@ TEST_F(ShellTest, TheEditMenuIsEnabledExactlyWhereTheFocusedTextCan)
     EXPECT_FALSE(able(QStringLiteral("Copy")));
 }
 
+TEST_F(ShellTest, TheEditMenuOpenedByKeyStillMeansTheSelection)
+{
+    QLineEdit field(&window);
+    show();
+    field.show();
+    field.setFocus();
+    QTest::keyClicks(&field, QStringLiteral("12"));
+    field.selectAll();
+    QTest::keyClick(&field, Qt::Key_E, Qt::AltModifier);
+    QTRY_VERIFY(menu(QStringLiteral("Edit"))->isVisible());
+    EXPECT_FALSE(field.hasFocus());
+    for (QAction* action : menu(QStringLiteral("Edit"))->actions()) {
+        if (action->text() == QStringLiteral("Cu&t")) {
+            EXPECT_TRUE(action->isEnabled());
+            action->trigger();
+        }
+    }
+    EXPECT_EQ(field.text(), QString());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("12"));
+    menu(QStringLiteral("Edit"))->hide();
+}
+
 /// Runs the event loop; true when it was ended by a quit, false when `limit` turns of it went by.
 bool quits(int limit = 20)
 {
@@ -300,6 +325,21 @@ TEST_F(ShellTest, ClosingTheWindowHidesItAtOnceAndEndsTheProcessWhenNothingIsPen
     window.close();
     EXPECT_FALSE(window.isVisible());
     EXPECT_TRUE(quits());
+}
+
+TEST_F(ShellTest, AnOpenQuestionGoesWithTheWindow)
+{
+    const Lifetime lifetime(window, test.clock);
+    show();
+    bool isConfirmed = false;
+    const QPointer<ConfirmDialog> dialog = ConfirmDialog::ask(
+        window, {.title = QStringLiteral("Sure?"), .text = {}, .action = QStringLiteral("Yes")},
+        [&isConfirmed] { isConfirmed = true; });
+    ASSERT_TRUE(dialog->isVisible());
+    window.close();
+    EXPECT_TRUE(dialog == nullptr || !dialog->isVisible());
+    EXPECT_TRUE(quits());
+    EXPECT_FALSE(isConfirmed);
 }
 
 TEST_F(ShellTest, TheProcessOutlivesItsWindowUntilDelayedSavesHaveBeenWritten)
