@@ -12,8 +12,6 @@ namespace zelta {
 
 ConfirmDialog::ConfirmDialog(const Question& question, QWidget* parent)
     : QDialog(parent)
-    , m_action(new Button(question.action, this))
-    , m_cancel(new Button(QStringLiteral("Cancel"), this))
 {
     constexpr int padding = 20;
     constexpr int lineHeight = 19;
@@ -22,8 +20,14 @@ ConfirmDialog::ConfirmDialog(const Question& question, QWidget* parent)
     constexpr int aboveButtons = 16;
     constexpr int buttonGap = 8;
     setWindowTitle(QStringLiteral("Zelta Basic"));
+    setAccessibleName(question.title);
+    setAccessibleDescription(question.text);
+    // In the order in which they are read.
+    auto* title = new Label(question.title, Theme::FontRole::bodyBold, Theme::Token::text, this);
     auto* text = new Label(question.text, Theme::FontRole::menu, Theme::Token::textSecondary, this);
     text->setWrapped(lineHeight);
+    m_cancel = new Button(QStringLiteral("Cancel"), this);
+    m_action = new Button(question.action, this);
     m_action->setLook(Button::Look::destructive);
     m_cancel->setDefault(true);
     m_cancel->setFocus();
@@ -38,12 +42,11 @@ ConfirmDialog::ConfirmDialog(const Question& question, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(padding, padding, padding, padding);
     column->setSpacing(0);
-    column->addWidget(new Label(question.title, Theme::FontRole::bodyBold, Theme::Token::text, this));
+    column->addWidget(title);
     column->addSpacing(belowTitle);
     column->addWidget(text);
     column->addSpacing(aboveButtons);
     column->addLayout(buttons);
-    setTabOrder(m_cancel, m_action);
     setFixedSize(width, layout()->heightForWidth(width));
 }
 

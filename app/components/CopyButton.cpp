@@ -16,7 +16,7 @@ constexpr std::string_view onlyKey = "text";
 
 CopyButton::CopyButton(Clock& clock, Theme::FontRole role, QWidget* parent)
     : QAbstractButton(parent)
-    , m_mark(clock, [this] { update(); })
+    , m_mark(clock, [this] { showMark(); })
 {
     setFont(Theme::font(role));
     setFocusPolicy(Qt::TabFocus);
@@ -34,6 +34,13 @@ void CopyButton::setCopyText(const QString& text)
     setText(text);
     setAccessibleName(text);
     updateGeometry();
+}
+
+/// Those who cannot see the check mark are told; else the hover help describes the button.
+void CopyButton::showMark()
+{
+    setAccessibleDescription(showsMark() ? QStringLiteral("Copied") : QString());
+    update();
 }
 
 bool CopyButton::showsMark() const

@@ -37,6 +37,8 @@ protected:
     static constexpr int symbolSize = 14;
 
 private:
+    void showMark();
+
     CopyMark m_mark;
     mutable TextLine m_line; ///< The text as it was last measured.
 };

@@ -8,6 +8,7 @@
 
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 namespace zelta {
@@ -25,11 +26,17 @@ int NumberField::fieldTop()
 
 NumberField::NumberField(const QString& label, const QString& explanation, QWidget* parent)
     : QWidget(parent)
-    , m_field(new QLineEdit(this))
     , m_row(new QHBoxLayout)
-    , m_warning(new WarningLine(QStringLiteral("Not a number"), "exclamationmark.circle.fill", this))
+    , m_explanation(explanation)
 {
     constexpr int suffixGap = 8;
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(gap);
+    if (!label.isEmpty())
+        column->addWidget(
+            new Label(label, Theme::FontRole::captionMedium, Theme::Token::textSecondary, this));
+    m_field = new QLineEdit(this);
     m_field->setFont(Theme::font(Theme::FontRole::field));
     m_field->setFixedSize(defaultWidth, Metric::fieldHeight);
     m_field->setAccessibleName(label);
@@ -37,14 +44,8 @@ NumberField::NumberField(const QString& label, const QString& explanation, QWidg
     m_row->setSpacing(suffixGap);
     m_row->addWidget(m_field);
     m_row->addStretch(1);
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(gap);
-    if (!label.isEmpty())
-        column->addWidget(
-            new Label(label, Theme::FontRole::captionMedium, Theme::Token::textSecondary, this));
     column->addLayout(m_row);
+    m_warning = new WarningLine(QStringLiteral("Not a number"), "exclamationmark.circle.fill", this);
     column->addWidget(m_warning);
     if (!explanation.isEmpty())
         column->addWidget(
@@ -52,8 +53,8 @@ NumberField::NumberField(const QString& label, const QString& explanation, QWidg
     column->addStretch(1);
 
     m_warning->hide();
-    connect(m_field, &QLineEdit::textChanged, this, &NumberField::updateWarning);
-    connect(m_field, &QLineEdit::textEdited, this, &NumberField::textEdited);
+    // Not `textEdited`, which assistive technology does not cause.
+    connect(m_field, &QLineEdit::textChanged, this, &NumberField::follow);
 }
 
 QString NumberField::text() const
@@ -63,6 +64,7 @@ QString NumberField::text() const
 
 void NumberField::setText(const QString& text)
 {
+    const QScopedValueRollback<bool> setting(m_isSetting, true);
     m_field->setText(text);
 }
 
@@ -91,10 +93,13 @@ QLineEdit* NumberField::field() const
     return m_field;
 }
 
-void NumberField::updateWarning()
+void NumberField::follow(const QString& text)
 {
-    const QString text = m_field->text();
-    m_warning->setVisible(!text.trimmed().isEmpty() && !Num::parse(toUtf8(text)));
+    const bool isWarning = !text.trimmed().isEmpty() && !Num::parse(toUtf8(text));
+    m_warning->setVisible(isWarning);
+    m_field->setAccessibleDescription(isWarning ? QStringLiteral("Not a number") : m_explanation);
+    if (!m_isSetting)
+        Q_EMIT textEdited(text);
 }
 
 } // namespace zelta

@@ -24,8 +24,8 @@ public:
     /// without a label, such as a swap button, starts there.
     static int fieldTop();
 
-    /// `label` is the field's accessible name as well, `explanation` its description; an empty one is left
-    /// out.
+    /// `label` is the field's accessible name as well, `explanation` its description, until a warning is; an
+    /// empty one is left out.
     NumberField(const QString& label, const QString& explanation, QWidget* parent = nullptr);
 
     [[nodiscard]] QString text() const;
@@ -44,15 +44,17 @@ public:
     [[nodiscard]] QLineEdit* field() const;
 
 Q_SIGNALS:
-    /// The person changed the text.
+    /// The person changed the text, by keys or by assistive technology.
     void textEdited(const QString& text);
 
 private:
-    void updateWarning();
+    void follow(const QString& text);
 
-    QLineEdit* m_field;
+    QLineEdit* m_field = nullptr;
     QHBoxLayout* m_row;
-    QWidget* m_warning;
+    QWidget* m_warning = nullptr;
+    QString m_explanation;
+    bool m_isSetting = false;
 };
 
 } // namespace zelta

@@ -59,12 +59,19 @@ Picker::Picker(const QString& name, QWidget* parent)
     setMaxVisibleItems(16);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
+    connect(this, &QComboBox::currentIndexChanged, this,
+            [this] { setAccessibleDescription(currentData(secondRole).toString()); });
 }
 
 void Picker::addEntry(const QString& name, const QString& second, const QString& value)
 {
     addItem(name, value);
+    if (second.isEmpty())
+        return;
     setItemData(count() - 1, second, secondRole);
+    setItemData(count() - 1, name + QStringLiteral(", ") + second, Qt::AccessibleTextRole);
+    if (currentIndex() == count() - 1)
+        setAccessibleDescription(second);
 }
 
 QSize Picker::sizeHint() const

@@ -5,13 +5,15 @@
 namespace zelta {
 
 /// A drop-down choice: the name at the left, an optional quieter second column (a unit's symbol) at the
-/// right. `activated` tells of the person's choice; `setCurrentIndex` makes no such signal.
+/// right, which is its accessible description as well. `activated` tells of the person's choice;
+/// `setCurrentIndex` makes no such signal.
 class Picker : public QComboBox
 {
     Q_OBJECT
 
 public:
-    /// `name` is the accessible name.
+    /// `name` is the accessible name. Where a label shows it, that must be made the picker's buddy: Qt gives
+    /// a screen reader the chosen entry for a name, and the label's text for a label.
     explicit Picker(const QString& name, QWidget* parent = nullptr);
 
     /// Appends an entry; `value` is what `currentData()` gives while it is chosen.

@@ -5,7 +5,6 @@
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace zelta {
@@ -20,14 +19,11 @@ constexpr double radius = Metric::pillHeight / 2.0;
 
 } // namespace
 
-Pill::Pill(const PillTabs::Tab& tab, Module module, PillTabs& row)
-    : QAbstractButton(&row)
-    , m_row(row)
+Pill::Pill(const PillTabs::Tab& tab, Module module, PillTabs* row)
+    : QRadioButton(withoutMnemonic(tab.label), row)
     , m_tab(tab)
     , m_module(module)
 {
-    setText(withoutMnemonic(tab.label));
-    setCheckable(true);
     setAttribute(Qt::WA_Hover);
     setFont(Theme::font(Theme::FontRole::captionBold));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -44,18 +40,15 @@ QSize Pill::sizeHint() const
     return {before + symbolSize + gap + m_checkedLine.width() + after, Metric::pillHeight};
 }
 
-void Pill::keyPressEvent(QKeyEvent* event)
+QSize Pill::minimumSizeHint() const
 {
-    if (event->key() == Qt::Key_Left)
-        m_row.chooseNeighbour(*this, -1);
-    else if (event->key() == Qt::Key_Right)
-        m_row.chooseNeighbour(*this, 1);
-    else
-        QAbstractButton::keyPressEvent(event);
+    return sizeHint();
 }
 
-/// The row decides which pill is checked; a click on the checked one leaves it so.
-void Pill::nextCheckState() { }
+bool Pill::hitButton(const QPoint& position) const
+{
+    return rect().contains(position);
+}
 
 void Pill::paintEvent(QPaintEvent* /*event*/)
 {

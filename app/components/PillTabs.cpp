@@ -25,8 +25,12 @@ PillTabs::PillTabs(const std::vector<Tab>& tabs, Module module, QWidget* parent)
     row->setContentsMargins(padding, padding, padding, padding);
     row->setSpacing(dividerSpace);
     for (const Tab& tab : tabs) {
-        auto* pill = new Pill(tab, module, *this);
-        connect(pill, &QAbstractButton::clicked, this, [this, pill] { choose(*pill); });
+        auto* pill = new Pill(tab, module, this);
+        // Not `clicked`: assistive technology checks a button without a click.
+        connect(pill, &QAbstractButton::toggled, this, [this, pill](bool isOn) {
+            if (isOn)
+                choose(*pill);
+        });
         row->addWidget(pill);
         m_pills.push_back(pill);
     }
@@ -80,16 +84,6 @@ void PillTabs::choose(const Pill& pill)
         return;
     setSelection(pill.value());
     Q_EMIT selected(pill.value());
-}
-
-void PillTabs::chooseNeighbour(const Pill& pill, int step)
-{
-    const auto at = std::ranges::find(m_pills, &pill) - m_pills.begin() + step;
-    if (at < 0 || at >= std::ssize(m_pills))
-        return;
-    Pill* next = m_pills[static_cast<std::size_t>(at)];
-    choose(*next);
-    next->setFocus(Qt::TabFocusReason);
 }
 
 } // namespace zelta

@@ -11,7 +11,7 @@ namespace zelta {
 
 class Pill;
 
-/// A row of pill-shaped buttons of which one is selected and filled. One tab stop; Left and Right choose the
+/// A row of pill-shaped buttons of which one is selected and filled. One tab stop; the arrow keys choose the
 /// neighbour.
 class PillTabs : public QWidget
 {
@@ -44,9 +44,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    friend class Pill;
     void choose(const Pill& pill);
-    void chooseNeighbour(const Pill& pill, int step);
 
     std::vector<Pill*> m_pills;
     const Pill* m_selected = nullptr;

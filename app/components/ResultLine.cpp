@@ -161,6 +161,7 @@ void ResultLine::setMarked(bool marked)
     if (m_marked == marked)
         return;
     m_marked = marked;
+    setAccessibleDescription(marked ? QStringLiteral("Copied") : QString()); // or else the hover help
     update();
 }
 
@@ -237,7 +238,10 @@ void ResultLine::place()
     m_places = arrange(width());
     m_valueLabel->setAlignment((isReference() ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     m_valueLabel->setGeometry(m_places.value);
-    m_valueLabel->setText(m_value.elided(Qt::ElideMiddle, m_places.value.width()));
+    const QString shown = m_value.elided(Qt::ElideMiddle, m_places.value.width());
+    m_valueLabel->setText(shown);
+    // A selection would be copied with its ellipsis; a click copies all of it.
+    m_valueLabel->setAttribute(Qt::WA_TransparentForMouseEvents, shown != m_value.text());
     if (m_places.height != oldHeight)
         updateGeometry();
 }

@@ -13,7 +13,7 @@ class Label;
 /// One line of an answer: label at the left, note and value at the right on the same baseline, then a copy
 /// symbol. A click, Space or Enter copies the value; dragging over the value selects it as text. What does
 /// not fit moves to lines of its own, and what is still too wide is elided, with the whole text in its hover
-/// help.
+/// help; such a value cannot be selected.
 ///
 /// A row without a label is its value alone, at the left.
 class ResultLine final : public QAbstractButton

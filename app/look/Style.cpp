@@ -141,7 +141,9 @@ QRect Style::subElementRect(SubElement element, const QStyleOption* option, cons
         const int padding = option->rect.width() < narrowField ? narrowPadding : fieldPadding;
         return option->rect.adjusted(padding, 1, -padding, -1);
     }
-    if (element == SE_PushButtonFocusRect)
+    // The whole control is what is pressed, and what assistive technology frames.
+    if (element == SE_PushButtonFocusRect || element == SE_CheckBoxClickRect
+        || element == SE_RadioButtonClickRect)
         return option->rect;
     return QProxyStyle::subElementRect(element, option, widget);
 }

@@ -54,8 +54,10 @@ QWidget* labelled(Picker* picker, QWidget* parent)
 {
     auto* place = new QWidget(parent);
     QVBoxLayout* column = makeColumn(place, labelGap);
-    column->addWidget(new Label(picker->accessibleName(), Theme::FontRole::captionMedium,
-                                Theme::Token::textSecondary, place));
+    auto* label = new Label(picker->accessibleName(), Theme::FontRole::captionMedium,
+                            Theme::Token::textSecondary, place);
+    label->setBuddy(picker);
+    column->addWidget(label);
     column->addWidget(picker);
     return place;
 }
@@ -87,14 +89,14 @@ ConverterView::ConverterView(AppModel& model, QWidget* parent)
     , m_amount(new NumberField(QStringLiteral("Amount"), {}, this))
     , m_from(makePicker(QStringLiteral("From"), this))
     , m_to(makePicker(QStringLiteral("To"), this))
-    , m_results(new ResultList(model, std::nullopt, QStringLiteral("Type an amount to convert it."), this))
 {
+    m_column->addWidget(m_tabs, 0, Qt::AlignLeft);
+    m_column->addWidget(makeInput());
+    m_results = new ResultList(model, std::nullopt, QStringLiteral("Type an amount to convert it."), this);
+    m_column->addWidget(m_results);
     auto* references = makeReferenceCard(this);
     m_referenceLines = makeLines(references, model);
     m_references = references;
-    m_column->addWidget(m_tabs, 0, Qt::AlignLeft);
-    m_column->addWidget(makeInput());
-    m_column->addWidget(m_results);
     m_column->addWidget(m_references);
 
     connect(m_tabs, &PillTabs::selected, this, &ConverterView::choose);

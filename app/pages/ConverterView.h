@@ -53,8 +53,8 @@ private:
     NumberField* m_amount;
     Picker* m_from;
     Picker* m_to;
-    ResultList* m_results;
-    QWidget* m_references; ///< The common conversions of lengths or weights.
+    ResultList* m_results = nullptr; ///< Made after the fields: readers and Tab go by age.
+    QWidget* m_references = nullptr; ///< The common conversions of lengths or weights.
     ResultLines* m_referenceLines = nullptr;
     QWidget* m_temperatures = nullptr; ///< Those of temperatures with the ladder; made when first shown.
 };

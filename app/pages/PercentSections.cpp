@@ -44,8 +44,6 @@ CompareSection::CompareSection(AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_x(makeField(QStringLiteral("Value X"), QStringLiteral("The part, or the starting point"), 200, this))
     , m_y(makeField(QStringLiteral("Value Y"), QStringLiteral("The whole, or the comparison"), 200, this))
-    , m_results(
-          new ResultList(model, Module::percent, QStringLiteral("Type two numbers to compare them."), this))
 {
     QVBoxLayout* column = makeColumn(this);
     column->addWidget(makeInput());
@@ -56,6 +54,8 @@ CompareSection::CompareSection(AppModel& model, QWidget* parent)
             "against X alone, so it reads differently going the other way."),
         this));
     column->addSpacing(Metric::partSpacing);
+    m_results
+        = new ResultList(model, Module::percent, QStringLiteral("Type two numbers to compare them."), this);
     column->addWidget(m_results);
     connect(m_x, &NumberField::textEdited, this, &CompareSection::showAnswer);
     connect(m_y, &NumberField::textEdited, this, &CompareSection::showAnswer);
@@ -109,13 +109,13 @@ ChangeSection::ChangeSection(AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_value(makeField(QStringLiteral("Value"), {}, 180, this))
     , m_percent(makeField(QStringLiteral("Percentage"), {}, 130, this))
-    , m_results(
-          new ResultList(model, Module::percent, QStringLiteral("Enter a value and a percentage."), this))
 {
     m_percent->setSuffix(QStringLiteral("%"));
     QVBoxLayout* column = makeColumn(this);
     column->addWidget(makeInput());
     column->addSpacing(Metric::partSpacing);
+    m_results
+        = new ResultList(model, Module::percent, QStringLiteral("Enter a value and a percentage."), this);
     column->addWidget(m_results);
     connect(m_value, &NumberField::textEdited, this, &ChangeSection::showAnswer);
     connect(m_percent, &NumberField::textEdited, this, &ChangeSection::showAnswer);

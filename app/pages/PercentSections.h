@@ -23,7 +23,7 @@ private:
 
     NumberField* m_x;
     NumberField* m_y;
-    ResultList* m_results;
+    ResultList* m_results = nullptr; ///< Made last: readers and Tab go by age.
 };
 
 /// A value raised, cut, and taken back by a percentage.
@@ -40,7 +40,7 @@ private:
 
     NumberField* m_value;
     NumberField* m_percent;
-    ResultList* m_results;
+    ResultList* m_results = nullptr;
 };
 
 } // namespace zelta

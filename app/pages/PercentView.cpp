@@ -6,6 +6,7 @@
 #include "app/model/Text.h"
 #include "app/pages/PercentSections.h"
 
+#include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace zelta {
@@ -35,15 +36,15 @@ PercentView::PercentView(AppModel& model, QWidget* parent)
     connect(m_tabs, &PillTabs::selected, this, &PercentView::choose);
 
     const auto stored = m_model.store().setting(tabKey);
-    const Tab tab = fromRawValue<Tab>(stored.value_or(std::string())).value_or(Tab::compare);
-    m_tabs->setSelection(valueOf(tab));
-    showTab(tab);
+    m_tab = fromRawValue<Tab>(stored.value_or(std::string())).value_or(Tab::compare);
+    m_tabs->setSelection(valueOf(m_tab));
+    section(m_tab)->show();
 }
 
 void PercentView::choose(const QString& value)
 {
     const auto tab = fromRawValue<Tab>(toUtf8(value));
-    if (!tab)
+    if (!tab || *tab == m_tab)
         return;
     m_model.store().setSetting(tabKey, rawValue(*tab));
     showTab(*tab);
@@ -51,19 +52,28 @@ void PercentView::choose(const QString& value)
 
 void PercentView::showTab(Tab tab)
 {
+    QWidget* before = section(m_tab);
     m_tab = tab;
+    section(tab)->show();
+    // Who was typing goes on typing; Qt would take the focus to another part of the window.
+    if (before->isAncestorOf(window()->focusWidget()))
+        section(tab)->findChild<QLineEdit*>()->setFocus();
+    before->hide();
+}
+
+/// Made when it is asked for first.
+QWidget* PercentView::section(Tab tab)
+{
     QWidget*& section = m_sections.at(static_cast<std::size_t>(tab));
     if (section == nullptr) {
         if (tab == Tab::compare)
             section = new CompareSection(m_model, this);
         else
             section = new ChangeSection(m_model, this);
+        section->hide();
         m_column->addWidget(section);
     }
-    for (QWidget* other : m_sections) {
-        if (other != nullptr)
-            other->setVisible(other == section);
-    }
+    return section;
 }
 
 } // namespace zelta

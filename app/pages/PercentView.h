@@ -30,6 +30,7 @@ public:
 private:
     void choose(const QString& value);
     void showTab(Tab tab);
+    QWidget* section(Tab tab);
 
     AppModel& m_model;
     QVBoxLayout* m_column;

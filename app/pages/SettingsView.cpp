@@ -56,7 +56,6 @@ QWidget* SettingsView::makeWorkingWeekCard()
     auto* row = new QHBoxLayout;
     row->setSpacing(labelGap);
     auto* label = new Label(QStringLiteral("Weekend"), card);
-    // A screen reader takes a picker's choice for its name, and the label from here.
     label->setBuddy(m_picker);
     row->addWidget(label);
     row->addWidget(m_picker);
@@ -85,7 +84,10 @@ QWidget* SettingsView::makeClockCard()
     auto* row = new SwitchRow(QStringLiteral("Show times in 24-hour format"),
                               QStringLiteral("Applies to the times shown in History and Notes."), card);
     m_clockSwitch = row->control();
-    connect(m_clockSwitch, &Switch::clicked, this, [this](bool on) { m_model.setUse24Hour(on); });
+    connect(m_clockSwitch, &Switch::toggled, this, [this](bool on) {
+        if (on != m_model.use24Hour())
+            m_model.setUse24Hour(on);
+    });
     card->content()->addLayout(row);
     return card;
 }

@@ -105,9 +105,11 @@ QWidget* MainWindow::makeCentre()
     auto* splitter = new QSplitter(this);
     splitter->setHandleWidth(1);
     splitter->setChildrenCollapsible(false);
-    splitter->addWidget(new Sidebar(m_model, splitter));
+    auto* sidebar = new Sidebar(m_model, splitter);
+    splitter->addWidget(sidebar);
     m_pages = new PageStack(splitter);
     splitter->addWidget(m_pages);
+    sidebar->lower(); // readers go by the order of the widgets, and a splitter puts each new one first
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({Sidebar::idealWidth, defaultSize.width() - Sidebar::idealWidth});

@@ -74,6 +74,7 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(toQt(title(module))); // it has the focus where the page has nothing to type into
     viewport()->setAutoFillBackground(false);
 
     auto* layout = new PageLayout(m_column, *this);

@@ -93,7 +93,11 @@ QWidget* Sidebar::makeRows()
     auto* group = new QButtonGroup(this);
     for (const Module module : allCases<Module>()) {
         auto* row = new SidebarRow(module, toQt(m_model.subtitle(module)), list);
-        connect(row, &QAbstractButton::clicked, this, [this, module] { m_model.setSelection(module); });
+        // Not `clicked`: assistive technology checks a button without a click.
+        connect(row, &QAbstractButton::toggled, this, [this, module](bool isOn) {
+            if (isOn && module != m_model.selection())
+                m_model.setSelection(module);
+        });
         group->addButton(row);
         layout->addWidget(row);
         m_rows[static_cast<std::size_t>(module)] = row;

@@ -6,6 +6,8 @@
 #include "app/components/Picker.h"
 #include "app/components/PillTabs.h"
 #include "app/components/Switch.h"
+#include "app/look/Style.h"
+#include "tests/app/support/Accessible.h"
 #include "tests/app/support/HandClock.h"
 
 #include <gtest/gtest.h>
@@ -86,6 +88,19 @@ TEST_F(PillTabsTest, IsOneTabStopWithLeftAndRight)
         EXPECT_EQ(pill(i).focusPolicy(), i == 2 ? Qt::TabFocus : Qt::NoFocus);
 }
 
+TEST_F(PillTabsTest, IsARowOfRadioButtonsForAssistiveTechnology)
+{
+    const QSignalSpy selected(&tabs, &PillTabs::selected);
+    const auto pills = tabs.findChildren<QAbstractButton*>();
+    EXPECT_EQ(test::accessible(*pills[0]).role(), QAccessible::RadioButton);
+    test::toggleAccessibly(*pills[1]);
+    EXPECT_EQ(tabs.selection(), QStringLiteral("both"));
+    test::toggleAccessibly(*pills[1]);
+    EXPECT_EQ(tabs.selection(), QStringLiteral("both")) << "one of them is always chosen";
+    EXPECT_TRUE(pills[1]->isChecked());
+    EXPECT_EQ(selected.count(), 1);
+}
+
 TEST_F(PillTabsTest, SaysAnAmpersandAsItIs)
 {
     QAccessibleInterface* described = QAccessible::queryAccessibleInterface(&pill(1));
@@ -161,6 +176,20 @@ TEST(Columns, StandSideBySideWhereBothGetTheirMinimum)
     EXPECT_EQ(left->geometry().width(), 697);
 }
 
+TEST(ConfirmDialog, IsReadInItsOrder)
+{
+    ConfirmDialog dialog({QStringLiteral("Clear the whole history?"),
+                          QStringLiteral("This cannot be undone."), QStringLiteral("Clear history")},
+                         nullptr);
+    QAccessibleInterface& seen = test::accessible(dialog);
+    EXPECT_EQ(seen.text(QAccessible::Name), QStringLiteral("Clear the whole history?"));
+    QStringList names;
+    for (int i = 0; i < seen.childCount(); ++i)
+        names += seen.child(i)->text(QAccessible::Name);
+    EXPECT_EQ(names.join(QLatin1Char('|')),
+              QStringLiteral("Clear the whole history?|This cannot be undone.|Cancel|Clear history"));
+}
+
 TEST(ConfirmDialog, DestroysOnlyByItsButton)
 {
     QWidget window;
@@ -184,6 +213,26 @@ TEST(ConfirmDialog, DestroysOnlyByItsButton)
     EXPECT_EQ(confirmed, 0);
     QTest::mouseClick(ask()->actionButton(), Qt::LeftButton);
     EXPECT_EQ(confirmed, 1);
+}
+
+TEST(Switch, IsFramedAsItIsDrawn)
+{
+    Style style;
+    Switch control(QStringLiteral("Clock"), {});
+    control.setStyle(&style);
+    control.show();
+    EXPECT_EQ(test::accessible(control).rect().size(), control.size());
+}
+
+TEST(Picker, DescribesTheUnitByItsSymbol)
+{
+    Picker picker(QStringLiteral("From"));
+    picker.addEntry(QStringLiteral("Mile"), QStringLiteral("mi"), QStringLiteral("mile"));
+    picker.addEntry(QStringLiteral("Kilometre"), QStringLiteral("km"), QStringLiteral("kilometre"));
+    EXPECT_EQ(picker.accessibleDescription(), QStringLiteral("mi"));
+    picker.setCurrentIndex(1);
+    EXPECT_EQ(picker.accessibleDescription(), QStringLiteral("km"));
+    EXPECT_EQ(picker.itemData(0, Qt::AccessibleTextRole).toString(), QStringLiteral("Mile, mi"));
 }
 
 TEST(Picker, LeavesTheWheelToThePage)

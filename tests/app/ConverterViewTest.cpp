@@ -2,11 +2,12 @@
 
 #include "app/components/NumberField.h"
 #include "app/components/Picker.h"
-#include "app/components/PillTabs.h"
+#include "app/components/Pill.h"
 #include "app/components/ResultLine.h"
 #include "app/components/ResultList.h"
 #include "app/components/SwapButton.h"
 #include "app/model/Text.h"
+#include "tests/app/support/Accessible.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
@@ -45,7 +46,6 @@ struct Stage
     {
         auto* field = page.findChild<NumberField*>()->field();
         field->setText(toQt(text));
-        Q_EMIT field->textEdited(field->text());
     }
     [[nodiscard]] Picker* picker(const char* name) const
     {
@@ -61,7 +61,13 @@ struct Stage
         box->setCurrentIndex(box->findText(toQt(unit)));
         Q_EMIT box->activated(box->currentIndex());
     }
-    void choose(const char* kind) const { Q_EMIT page.findChild<PillTabs*>()->selected(toQt(kind)); }
+    void choose(const char* kind) const
+    {
+        for (Pill* pill : page.findChildren<Pill*>()) {
+            if (pill->value() == toQt(kind))
+                QTest::mouseClick(pill, Qt::LeftButton);
+        }
+    }
     void swap() const { page.findChild<SwapButton*>()->click(); }
     [[nodiscard]] ResultList* results() const { return page.findChild<ResultList*>(); }
     [[nodiscard]] std::string answer() const { return plainText(results()->rows()); }
@@ -219,6 +225,16 @@ TEST(ConverterView, OpensOnLengthForAnUnknownCategoryAndLeavesItStored)
     EXPECT_EQ(stage.page.kind(), UnitKind::length);
     EXPECT_EQ(stage.units(), "mi to km");
     EXPECT_EQ(stage.test.model.store().setting("converter.kind"), "volume");
+}
+
+TEST(ConverterView, TellsWhichUnitAPickerIsFor)
+{
+    const Stage stage;
+    for (const char* name : {"From", "To"}) {
+        const auto relations = test::accessible(*stage.picker(name)).relations(QAccessible::Label);
+        ASSERT_EQ(relations.size(), 1);
+        EXPECT_EQ(relations.front().first->text(QAccessible::Name), toQt(name));
+    }
 }
 
 TEST(ConverterView, WritesNothingToTheHistory)

@@ -222,7 +222,7 @@ TEST_F(HistoryViewTest, ClearsAfterTheQuestionOnly)
     ASSERT_NE(question, nullptr);
     EXPECT_EQ(
         texts(*question),
-        (QStringList {QStringLiteral("This cannot be undone."), QStringLiteral("Clear the whole history?")}));
+        (QStringList {QStringLiteral("Clear the whole history?"), QStringLiteral("This cannot be undone.")}));
     EXPECT_EQ(question->actionButton()->label(), QStringLiteral("Clear history"));
     QTest::mouseClick(question->cancelButton(), Qt::LeftButton);
     EXPECT_EQ(cards().size(), 2U);

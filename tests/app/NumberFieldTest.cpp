@@ -1,5 +1,7 @@
 #include "app/components/NumberField.h"
 
+#include "tests/app/support/Accessible.h"
+
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
@@ -52,6 +54,20 @@ TEST_F(NumberFieldTest, TakesABlankTextForUnfinishedNotForAMistake)
     EXPECT_FALSE(field.showsWarning());
     type("   ");
     EXPECT_FALSE(field.showsWarning());
+}
+
+TEST_F(NumberFieldTest, HearsAndTellsAssistiveTechnology)
+{
+    const QSignalSpy edited(&field, &NumberField::textEdited);
+    test::enterAccessibly(*field.field(), QStringLiteral("abc"));
+    EXPECT_EQ(edited.count(), 1);
+    EXPECT_EQ(field.field()->accessibleDescription(), QStringLiteral("Not a number"));
+    test::enterAccessibly(*field.field(), QStringLiteral("12"));
+    EXPECT_EQ(edited.count(), 2);
+    EXPECT_EQ(edited.back().front().toString(), QStringLiteral("12"));
+    EXPECT_EQ(field.field()->accessibleDescription(), QStringLiteral("The part, or the starting point"));
+    field.setText(QStringLiteral("5"));
+    EXPECT_EQ(edited.count(), 2) << "the page set it";
 }
 
 TEST_F(NumberFieldTest, WarnsOfATextThatThePageSets)

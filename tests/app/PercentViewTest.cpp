@@ -1,7 +1,7 @@
 #include "app/pages/PercentView.h"
 
 #include "app/components/NumberField.h"
-#include "app/components/PillTabs.h"
+#include "app/components/Pill.h"
 #include "app/components/ResultLine.h"
 #include "app/components/ResultList.h"
 #include "app/model/Text.h"
@@ -56,9 +56,15 @@ struct Stage
         if (*text == '\0')
             QTest::keyClick(edit, Qt::Key_Delete);
         else
-            edit->insert(toQt(text)), Q_EMIT edit->textEdited(edit->text());
+            edit->insert(toQt(text));
     }
-    void choose(const char* tab) const { Q_EMIT page.findChild<PillTabs*>()->selected(toQt(tab)); }
+    void choose(const char* tab) const
+    {
+        for (Pill* pill : page.findChildren<Pill*>()) {
+            if (pill->value() == toQt(tab))
+                QTest::mouseClick(pill, Qt::LeftButton);
+        }
+    }
     [[nodiscard]] QAbstractButton* button(const char* text) const
     {
         for (QAbstractButton* candidate : page.findChildren<QAbstractButton*>()) {
@@ -205,6 +211,30 @@ TEST(PercentView, OffersARestingComparisonAgainWhenItsTabComesBack)
     ASSERT_EQ(stage.history().size(), 3U);
     EXPECT_EQ(stage.history()[0].title, "50 compared with 75");
     EXPECT_EQ(stage.history()[1].title, "200 ± 15%");
+}
+
+TEST(PercentView, GoesOnTypingOnTheOtherTab)
+{
+    Stage stage;
+    stage.page.activateWindow();
+    stage.field("Value X")->setFocus();
+    stage.choose("change");
+    EXPECT_EQ(stage.page.window()->focusWidget(), stage.field("Value"));
+    stage.choose("compare");
+    EXPECT_EQ(stage.page.window()->focusWidget(), stage.field("Value X"));
+}
+
+TEST(PercentView, TabGoesFromTheFieldsToTheResults)
+{
+    Stage stage;
+    stage.type("Value X", "50");
+    stage.type("Value Y", "75");
+    stage.page.activateWindow();
+    stage.field("Value Y")->setFocus();
+    QTest::keyClick(stage.field("Value Y"), Qt::Key_Tab);
+    EXPECT_EQ(stage.page.window()->focusWidget(), stage.button("Swap"));
+    QTest::keyClick(stage.button("Swap"), Qt::Key_Tab);
+    EXPECT_NE(qobject_cast<ResultLine*>(stage.page.window()->focusWidget()), nullptr);
 }
 
 TEST(PercentView, RemembersTheTab)

@@ -235,6 +235,8 @@ TEST(ResultLines, StandAloneWithoutALabel)
     stage.line(1)->click();
     EXPECT_EQ(clipboardText(), QStringLiteral("1 ft = 0.3048 m"));
     EXPECT_EQ(stage.marks(), (Marks {false, true}));
+    EXPECT_EQ(stage.line(1)->accessibleDescription(), QStringLiteral("Copied"));
+    EXPECT_EQ(stage.line(0)->accessibleDescription(), QString()) << "its hover help describes it";
 }
 
 TEST(ResultLines, PutValuesOnOneRightEdge)
@@ -268,6 +270,8 @@ TEST(ResultLines, KeepTheWholeTextOfAnElidedValue)
     EXPECT_TRUE(stage.value(0)->text().contains(QChar(0x2026)));
     EXPECT_TRUE(stage.value(0)->alignment().testFlag(Qt::AlignRight)); // what is left over stays at its left
     EXPECT_EQ(stage.line(0)->toolTip(), QStringLiteral("Click to copy “%1”").arg(toQt(digits)));
+    EXPECT_EQ(stage.line(0)->childAt(stage.value(0)->geometry().center()), nullptr)
+        << "a selection would be copied with its ellipsis";
     stage.line(0)->click();
     EXPECT_EQ(clipboardText(), toQt(digits));
 }

@@ -4,6 +4,7 @@
 #include "app/components/Switch.h"
 #include "app/components/Tag.h"
 #include "app/model/Text.h"
+#include "tests/app/support/Accessible.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
@@ -87,6 +88,14 @@ TEST(SettingsPage, AChoiceIsStoredAtOnceAndShows)
     stage.choose(2);
     EXPECT_EQ(stage.test.model.store().setting("weekend"), "fri-sun");
     EXPECT_EQ(stage.weekend(), "Sun Fri ");
+}
+
+TEST(SettingsPage, TheClockIsSetByAssistiveTechnologyToo)
+{
+    Stage stage;
+    toggleAccessibly(*stage.page.findChild<Switch*>());
+    EXPECT_TRUE(stage.test.model.use24Hour());
+    EXPECT_EQ(stage.test.model.store().setting("clock24"), "1");
 }
 
 TEST(SettingsPage, AnUnknownRuleIsNobodysChoice)

@@ -7,6 +7,7 @@
 #include "app/shell/MainWindow.h"
 #include "app/shell/PageChrome.h"
 #include "app/shell/SidebarRow.h"
+#include "tests/app/support/Accessible.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
@@ -117,6 +118,22 @@ TEST_F(ShellTest, AClickOnASidebarRowShowsItsPage)
     QTest::mouseClick(row(Module::settings), Qt::LeftButton);
     EXPECT_EQ(test.model.selection(), Module::settings);
     EXPECT_EQ(test.model.store().setting("module"), "settings");
+}
+
+TEST_F(ShellTest, AssistiveTechnologyChoosesAPage)
+{
+    show();
+    test::toggleAccessibly(*row(Module::settings));
+    EXPECT_EQ(test.model.selection(), Module::settings);
+    EXPECT_EQ(test.model.store().setting("module"), "settings");
+}
+
+TEST_F(ShellTest, TheSidebarIsReadBeforeThePage)
+{
+    show();
+    const QList<QWidget*> widgets = window.findChildren<QWidget*>();
+    EXPECT_LT(widgets.indexOf(row(Module::notes)), widgets.indexOf(window.findChild<PageChrome*>()));
+    EXPECT_EQ(window.findChild<PageChrome*>()->accessibleName(), QStringLiteral("Notes"));
 }
 
 TEST_F(ShellTest, TheSidebarIsOneTabStopAndTheArrowsMoveTheSelection)
