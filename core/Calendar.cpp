@@ -60,7 +60,9 @@ std::string systemTimeZoneId()
         if (text.starts_with(':'))
             text.erase(0, 1);
         std::string identifier = zoneOfPath(text);
-        if (isKnownZone(identifier))
+        // That file, and the zone named after it, are whatever the system has.
+        const bool isSystems = identifier == localTimeFile || identifier == "localtime";
+        if (!isSystems && isKnownZone(identifier))
             return identifier;
     }
     std::error_code failure;

@@ -68,7 +68,8 @@ void MonthGrid::makeRow(int row)
         if (m_look == DayTile::Look::picker)
             tile->setFixedHeight(pickerTileHeight);
         connect(tile, &DayTile::clicked, this, [this, tile] { Q_EMIT dayChosen(tile->cell()); });
-        connect(tile, &DayTile::moveRequested, this, &MonthGrid::moveRequested);
+        connect(tile, &DayTile::moveRequested, this,
+                [this, tile](int days) { Q_EMIT moveRequested(tile->cell(), days); });
         m_layout->addWidget(tile, row + 1, column++);
     }
 }
@@ -106,7 +107,7 @@ void MonthGrid::showRow(std::size_t row, const WeekRow& week, const std::string&
             continue;
         tile->setCell(*cells[column], calendar);
         tile->setSelected(cells[column]->key == selectedKey);
-        if (tile->isSelected() || !m_stop)
+        if (tile->isSelected() || (!m_stop && cells[column]->inPeriod))
             m_stop = tile;
     }
 }

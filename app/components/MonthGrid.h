@@ -15,7 +15,8 @@ namespace zelta {
 
 class Label;
 
-/// A month as weeks of day tiles under the weekdays' names, from Monday on. One tab stop: the selected day.
+/// A month as weeks of day tiles under the weekdays' names, from Monday on. One tab stop: the selected day,
+/// or the first of the month where that is not in sight.
 class MonthGrid : public QWidget
 {
     Q_OBJECT
@@ -30,14 +31,14 @@ public:
     /// Rows of the page's look are this high; the picker's have one height.
     void setTileHeight(int pixels);
 
-    /// Gives the focus to the selected day, or to the first one shown.
+    /// Gives the focus to the tab stop.
     void focusSelected(Qt::FocusReason reason);
 
 Q_SIGNALS:
     /// The person chose this day with the mouse, Space or Enter.
     void dayChosen(const DayCell& cell);
-    /// The person moved the selection by so many days.
-    void moveRequested(int days);
+    /// The person asks by key for the day so many days away from this one.
+    void moveRequested(const DayCell& from, int days);
 
 private:
     static constexpr int maxRows = 6;

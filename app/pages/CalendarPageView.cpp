@@ -115,7 +115,8 @@ QWidget* CalendarPageView::makeMonthCard()
 
     m_grid = new MonthGrid(DayTile::Look::page, card);
     connect(m_grid, &MonthGrid::dayChosen, this, [this](const DayCell& cell) { select(cell.date); });
-    connect(m_grid, &MonthGrid::moveRequested, this, &CalendarPageView::moveSelected);
+    connect(m_grid, &MonthGrid::moveRequested, this,
+            [this](const DayCell&, int days) { moveSelected(days); });
     card->content()->addWidget(m_grid);
     return card;
 }
@@ -163,6 +164,9 @@ void CalendarPageView::showEvent(QShowEvent* event)
     window()->installEventFilter(this);
     fitTiles();
     goToToday();
+    // A focus left in the grid would come back to a tile that is another day now.
+    if (auto* tile = qobject_cast<DayTile*>(focusWidget()))
+        tile->clearFocus();
     waitForMidnight();
 }
 

@@ -15,6 +15,7 @@
 
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 namespace zelta {
@@ -31,6 +32,7 @@ DateInput::DateInput(const QString& name, AppModel& model, QWidget* parent)
     m_pickerButton = new IconButton("calendar", QStringLiteral("Pick from a calendar"), row);
     m_pickerButton->setLook(Button::Look::bordered);
     m_pickerButton->setSide(Metric::fieldHeight);
+    m_pickerButton->setAccessibleDescription(name);
     m_pickerButton->setInk(Theme::Token::text);
     connect(m_pickerButton, &QPushButton::clicked, this, &DateInput::openPicker);
     row->add(m_pickerButton);
@@ -80,8 +82,11 @@ QLineEdit* DateInput::makeField(const QString& name, const QString& placeholder,
     field->setAlignment(Qt::AlignCenter);
     field->setAccessibleName(name);
     field->setPlaceholderText(placeholder);
-    // Not `textChanged`, which also tells of the texts that are set here.
-    connect(field, &QLineEdit::textEdited, this, &DateInput::commit);
+    // Not `textEdited`, which assistive technology does not cause.
+    connect(field, &QLineEdit::textChanged, this, [this] {
+        if (!m_isWriting)
+            commit();
+    });
     return field;
 }
 
@@ -124,12 +129,15 @@ QWidget* DateInput::makeWarning()
 void DateInput::setDate(Instant date)
 {
     m_date = date;
+    const QScopedValueRollback<bool> writing(m_isWriting, true);
     const DateFields fields = DateFields::of(date, m_model.calendar());
     m_day->setText(toQt(fields.day));
     m_month->setText(toQt(fields.month));
     m_year->setText(toQt(fields.year));
     showWarning(false);
     showDate();
+    if (m_picker)
+        m_picker->setDate(date);
 }
 
 void DateInput::commit()
@@ -155,10 +163,13 @@ void DateInput::choose(Instant date)
 void DateInput::openPicker()
 {
     if (!m_picker) {
-        m_picker = new DatePicker(m_model, this);
+        m_picker = new DatePicker(m_model, *this);
         connect(m_picker, &DatePicker::datePicked, this, &DateInput::choose);
     }
-    m_picker->openAt(*m_pickerButton, m_date);
+    if (m_picker->isVisible())
+        m_picker->close();
+    else
+        m_picker->openAt(*m_pickerButton, m_date);
 }
 
 void DateInput::showDate()

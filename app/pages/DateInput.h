@@ -2,6 +2,7 @@
 
 #include "core/Instant.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class QLineEdit;
@@ -53,10 +54,11 @@ private:
     QLineEdit* m_month = nullptr;
     QLineEdit* m_year = nullptr;
     IconButton* m_pickerButton = nullptr;
-    DatePicker* m_picker = nullptr; ///< Made when it is first opened.
+    QPointer<DatePicker> m_picker; ///< Made when it is first opened; the window's.
     Tag* m_weekday = nullptr;
     CopyableText* m_longDate = nullptr;
     QWidget* m_warning = nullptr;
+    bool m_isWriting = false;
 };
 
 } // namespace zelta

@@ -3,7 +3,6 @@
 #include "app/components/IconButton.h"
 #include "app/components/Label.h"
 #include "app/components/MonthGrid.h"
-#include "app/look/StyleParts.h"
 #include "app/look/Surface.h"
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
@@ -11,9 +10,10 @@
 #include "core/CalendarGrid.h"
 #include "core/CalendarKit.h"
 
+#include <QApplication>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -26,9 +26,11 @@ constexpr std::int64_t lastYear = 9999;
 
 } // namespace
 
-DatePicker::DatePicker(AppModel& model, QWidget* parent)
-    : QWidget(parent, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint)
+// A sub-window: Tab stays within it.
+DatePicker::DatePicker(AppModel& model, QWidget& owner)
+    : QWidget(owner.window(), Qt::SubWindow)
     , m_model(model)
+    , m_owner(&owner)
     , m_grid(new MonthGrid(DayTile::Look::picker, this))
 {
     constexpr int padding = 14;
@@ -43,12 +45,21 @@ DatePicker::DatePicker(AppModel& model, QWidget* parent)
     column->addWidget(m_grid);
     m_grid->setFixedWidth(popoverWidth - 2 * padding);
     connect(m_grid, &MonthGrid::dayChosen, this, [this](const DayCell& cell) {
-        change([&cell](MonthCursor& cursor) { cursor.goTo(cell.date); });
-        close();
+        if (pick([&cell](MonthCursor& cursor) { cursor.goTo(cell.date); }))
+            close();
     });
-    connect(m_grid, &MonthGrid::moveRequested, this, [this](int days) {
-        change([this, days](MonthCursor& cursor) { cursor.moveSelected(days, options()); });
+    connect(m_grid, &MonthGrid::moveRequested, this, [this](const DayCell& from, int days) {
+        pick([this, &from, days](MonthCursor& cursor) {
+            cursor.goTo(from.date);
+            cursor.moveSelected(days, options());
+        });
     });
+    // Who goes on elsewhere has done with it.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (isVisible() && now != nullptr && now != this && !isAncestorOf(now))
+            close();
+    });
+    hide();
 }
 
 QLayout* DatePicker::makeHead()
@@ -70,25 +81,69 @@ QLayout* DatePicker::makeHead()
     return head;
 }
 
-void DatePicker::openAt(const QWidget& anchor, Instant date)
+void DatePicker::openAt(QWidget& anchor, Instant date)
 {
     constexpr int gap = 4;
+    m_anchor = &anchor;
     setDate(date);
     adjustSize();
-    const QRect place(anchor.mapToGlobal(QPoint()), anchor.size());
-    const QRect screen = anchor.screen()->availableGeometry();
+    const QRect room = window()->rect();
+    const QRect place(anchor.mapTo(window(), QPoint()), anchor.size());
     const int below = place.bottom() + 1 + gap;
-    const int y = below + height() <= screen.bottom() + 1 ? below : place.top() - gap - height();
-    const int x = std::min(place.left(), screen.right() + 1 - width());
-    move(std::max(x, screen.left()), std::max(y, screen.top()));
+    const int y = below + height() <= room.bottom() + 1 ? below : place.top() - gap - height();
+    const int x = std::min(place.left(), room.right() + 1 - width());
+    move(std::max(x, 0), std::max(y, 0));
+    raise();
     show();
     m_grid->focusSelected(Qt::PopupFocusReason);
+    qApp->installEventFilter(this);
 }
 
 void DatePicker::setDate(Instant date)
 {
     m_cursor.goTo(date);
     refresh();
+}
+
+bool DatePicker::isOutside(const QPoint& globalPosition) const
+{
+    const auto holds = [&](const QWidget* widget) {
+        return widget != nullptr && widget->rect().contains(widget->mapFromGlobal(globalPosition));
+    };
+    return !holds(this) && !holds(m_owner);
+}
+
+void DatePicker::closeEvent(QCloseEvent* event)
+{
+    if (m_anchor && m_anchor->isVisible() && isAncestorOf(window()->focusWidget()))
+        m_anchor->setFocus(Qt::PopupFocusReason);
+    QWidget::closeEvent(event);
+}
+
+/// A press or a turn of the wheel elsewhere closes it and does there what it does.
+bool DatePicker::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+        if (isOutside(static_cast<QSinglePointEvent*>(event)->globalPosition().toPoint()))
+            close();
+        break;
+    case QEvent::Hide:
+    case QEvent::Resize:
+        if (watched == m_owner || watched == window())
+            close();
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void DatePicker::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    qApp->removeEventFilter(this);
 }
 
 void DatePicker::keyPressEvent(QKeyEvent* event)
@@ -103,17 +158,21 @@ void DatePicker::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
 }
 
+void DatePicker::mousePressEvent(QMouseEvent* event)
+{
+    event->accept(); // not for what lies below
+}
+
+void DatePicker::wheelEvent(QWheelEvent* event)
+{
+    event->accept();
+}
+
 void DatePicker::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     Surface::draw(painter, rect(), Metric::cardRadius, Theme::color(Theme::Token::card),
                   Theme::color(Theme::Token::outline));
-}
-
-void DatePicker::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    setMask(StyleParts::popupMask(rect(), Metric::cardRadius));
 }
 
 DateOptions DatePicker::options() const
@@ -123,23 +182,22 @@ DateOptions DatePicker::options() const
             .timeZoneIdentifier = m_model.timeZoneIdentifier()};
 }
 
-/// Moves the date, unless it would leave the years that can be typed.
-void DatePicker::change(const std::function<void(MonthCursor&)>& move)
+/// Moves the date and tells of it. False, and nothing changes, outside of the years that can be typed.
+bool DatePicker::pick(const std::function<void(MonthCursor&)>& move)
 {
     MonthCursor moved = m_cursor;
     move(moved);
     if (options().calendar().civilDay(moved.selected).year > lastYear)
-        return;
-    const bool isOther = moved.selected != m_cursor.selected;
+        return false;
     m_cursor = moved;
     refresh();
-    if (isOther)
-        Q_EMIT datePicked(m_cursor.selected);
+    Q_EMIT datePicked(m_cursor.selected);
+    return true;
 }
 
 void DatePicker::moveByMonth(int months)
 {
-    change([this, months](MonthCursor& cursor) {
+    pick([this, months](MonthCursor& cursor) {
         cursor.goTo(CalendarGrid::shift(cursor.selected, months, options()));
     });
 }

@@ -239,6 +239,18 @@ TEST(CalendarPage, TilesAreLowerInASmallWindow)
     }
 }
 
+TEST(CalendarPage, LeavesNoFocusOnAnotherDayWhenItComesBack)
+{
+    Stage stage;
+    stage.tile("2026-03-07")->setFocus();
+    stage.key(Qt::Key_Right);
+    ASSERT_TRUE(stage.tile("2026-04-01")->hasFocus());
+    stage.page->hide();
+    stage.page->show();
+    EXPECT_EQ(stage.selected(), QStringLiteral("2026-03-07"));
+    EXPECT_EQ(qobject_cast<DayTile*>(stage.page->focusWidget()), nullptr);
+}
+
 TEST(CalendarPage, ATilesMenuCopiesItsDate)
 {
     Stage stage;
@@ -249,7 +261,8 @@ TEST(CalendarPage, ATilesMenuCopiesItsDate)
     ASSERT_EQ(menu->actions().size(), 2);
     EXPECT_EQ(menu->actions()[0]->text(), QStringLiteral("Copy “Saturday, 7 March 2026”"));
     EXPECT_EQ(menu->actions()[1]->text(), QStringLiteral("Copy “Sat, 07 Mar 2026”"));
-    stage.key(Qt::Key_T); // a menu is open: the page takes no keys
+    stage.key(Qt::Key_Right);
+    EXPECT_TRUE(stage.shows("March 2026")) << "a menu is open: the page takes no keys";
     menu->actions()[1]->trigger();
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Sat, 07 Mar 2026"));
     menu->actions()[0]->trigger();

@@ -3,6 +3,7 @@
 #include "app/components/DayTile.h"
 #include "app/model/Text.h"
 #include "core/CalendarKit.h"
+#include "tests/app/support/Accessible.h"
 #include "tests/app/support/TestModel.h"
 #include "tests/support/Environment.h"
 
@@ -11,6 +12,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace zelta::test {
@@ -23,7 +25,7 @@ struct Stage
     TestModel test;
     QWidget window;
     QPushButton anchor {&window};
-    DatePicker picker {test.model, &window};
+    DatePicker picker {test.model, anchor};
     std::string picked; ///< Each picked day, followed by a blank.
 
     explicit Stage(const CivilDay& day = {2026, 3, 2})
@@ -31,7 +33,8 @@ struct Stage
         QObject::connect(&picker, &DatePicker::datePicked, &picker, [this](Instant date) {
             picked += CalendarKit::dayKey(date, test.model.calendar()) + " ";
         });
-        window.resize(400, 300);
+        anchor.setFocusPolicy(Qt::TabFocus); // as all buttons of the program
+        window.resize(500, 400);
         window.show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         picker.openAt(anchor, test.model.calendar().instantOrAfterJump({day}).value());
@@ -120,7 +123,62 @@ TEST(DatePicker, ArrowsMoveTheDate)
     EXPECT_EQ(stage.title(), QStringLiteral("February 2026"));
     stage.key(Qt::Key_Return);
     EXPECT_FALSE(stage.picker.isVisible());
-    EXPECT_EQ(stage.picked, "2026-03-03 2026-03-10 2026-03-09 2026-03-02 2026-02-23 ");
+    EXPECT_EQ(stage.picked, "2026-03-03 2026-03-10 2026-03-09 2026-03-02 2026-02-23 2026-02-23 ")
+        << "also the date in force is picked";
+}
+
+TEST(DatePicker, ArrowsGoOnFromTheDayWithTheFocus)
+{
+    Stage stage;
+    stage.press("Next month");
+    stage.press("Next month");
+    EXPECT_TRUE(stage.tile("2026-05-01")->hasFocus());
+    stage.key(Qt::Key_Right);
+    EXPECT_EQ(stage.picked, "2026-05-02 ");
+    EXPECT_EQ(stage.title(), QStringLiteral("May 2026"));
+}
+
+TEST(DatePicker, TabStaysWithin)
+{
+    Stage stage;
+    for (int i = 0; i < 4; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), i < 3 ? Qt::Key_Tab : Qt::Key_Backtab);
+        EXPECT_TRUE(stage.picker.isAncestorOf(QApplication::focusWidget())) << i;
+    }
+    EXPECT_TRUE(stage.picker.isVisible());
+}
+
+TEST(DatePicker, IsPartOfTheWindowForAssistiveTechnology)
+{
+    Stage stage;
+    const QAccessibleInterface* seen = accessible(*stage.tile("2026-03-02")).parent()->parent();
+    EXPECT_EQ(seen->text(QAccessible::Name), QStringLiteral("Pick from a calendar"));
+    EXPECT_GE(accessible(stage.window).indexOfChild(seen), 0);
+}
+
+TEST(DatePicker, APressElsewhereClosesItAndCounts)
+{
+    Stage stage;
+    QPushButton elsewhere(&stage.window);
+    elsewhere.setFocusPolicy(Qt::TabFocus);
+    elsewhere.setGeometry(440, 350, 40, 30);
+    elsewhere.show();
+    const QSignalSpy clicked(&elsewhere, &QPushButton::clicked);
+    QTest::mouseClick(&stage.anchor, Qt::LeftButton);
+    EXPECT_TRUE(stage.picker.isVisible()) << "the owner's own";
+    QTest::mouseClick(&stage.picker, Qt::LeftButton, {}, {5, 5});
+    EXPECT_TRUE(stage.picker.isVisible());
+    QTest::mouseClick(&elsewhere, Qt::LeftButton);
+    EXPECT_FALSE(stage.picker.isVisible());
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_TRUE(stage.anchor.hasFocus());
+}
+
+TEST(DatePicker, GoesWithItsOwner)
+{
+    Stage stage;
+    stage.anchor.hide();
+    EXPECT_FALSE(stage.picker.isVisible());
 }
 
 TEST(DatePicker, EscapeClosesIt)

@@ -4,7 +4,9 @@
 #include "app/components/Switch.h"
 #include "app/model/Text.h"
 #include "app/pages/DateInput.h"
+#include "app/pages/DatePicker.h"
 #include "core/CalendarKit.h"
+#include "tests/app/support/Accessible.h"
 #include "tests/app/support/TestModel.h"
 #include "tests/support/Environment.h"
 
@@ -195,6 +197,45 @@ TEST(DurationPage, TodayWritesTheDateOutInFull)
     stage.press("Today");
     EXPECT_EQ(stage.fields("Start date"), "07|03|2026|");
     EXPECT_EQ(stage.count("Not a real date"), 0);
+}
+
+TEST(DurationPage, PickingTheDateInForceWritesItOutInFull)
+{
+    const Stage stage;
+    stage.typeDate("Start date", "31", "04", "2026");
+    stage.press("Pick from a calendar");
+    auto* picker = stage.page.findChild<DatePicker*>();
+    ASSERT_TRUE(picker->isVisible());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(picker->isVisible());
+    EXPECT_EQ(stage.fields("Start date"), "31|03|2026|");
+    EXPECT_EQ(stage.count("Not a real date"), 0);
+}
+
+TEST(DurationPage, TodayLeavesTheCalendarOpen)
+{
+    const Stage stage;
+    stage.typeDate("Start date", "01", "01", "2026");
+    stage.press("Pick from a calendar");
+    for (QPushButton* button : stage.page.findChildren<QPushButton*>()) {
+        if (button->text() == QStringLiteral("Today")) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            break;
+        }
+    }
+    EXPECT_EQ(stage.fields("Start date"), "07|03|2026|");
+    EXPECT_TRUE(stage.page.findChild<DatePicker*>()->isVisible());
+    stage.press("Pick from a calendar");
+    EXPECT_FALSE(stage.page.findChild<DatePicker*>()->isVisible());
+}
+
+TEST(DurationPage, TakesADateFromAssistiveTechnology)
+{
+    const Stage stage;
+    stage.typeDate("Start date", "31", "04", "2026");
+    enterAccessibly(*stage.field("Start date, day"), QStringLiteral("03"));
+    EXPECT_EQ(stage.count("Not a real date"), 0);
+    EXPECT_EQ(stage.count("Friday, 3 April 2026"), 2) << "below the fields, and in the result";
 }
 
 TEST(DurationPage, SwapsTheDates)

@@ -258,7 +258,8 @@ TEST(CalendarKitZones, AnEnvironmentThatNamesNoZoneIsPassedOver)
     const Environment unset("TZ", std::nullopt);
     const std::string system = systemTimeZoneId();
     EXPECT_EQ(calendar(system).timeZoneIdentifier(), system);
-    for (const char* text : {"", ":", "Nowhere/Town", "CET-1CEST,M3.5.0,M10.5.0/3"}) {
+    for (const char* text :
+         {"", ":", "Nowhere/Town", "CET-1CEST,M3.5.0,M10.5.0/3", ":/etc/localtime", "localtime"}) {
         const Environment zone("TZ", text);
         EXPECT_EQ(systemTimeZoneId(), system) << text;
     }
