@@ -1,20 +1,19 @@
 #include "app/components/Line.h"
 
-#include "app/look/Theme.h"
-
 #include <QPainter>
 
 namespace zelta {
 
-Line::Line(QWidget* parent)
+Line::Line(QWidget* parent, Theme::Token token)
     : QWidget(parent)
+    , m_token(token)
 {
     setFixedHeight(1);
 }
 
 void Line::paintEvent(QPaintEvent* /*event*/)
 {
-    QPainter(this).fillRect(rect(), Theme::color(Theme::Token::divider));
+    QPainter(this).fillRect(rect(), Theme::color(m_token));
 }
 
 } // namespace zelta

@@ -3,6 +3,7 @@
 #include "app/components/Label.h"
 #include "app/components/Switch.h"
 
+#include <QMouseEvent>
 #include <QVBoxLayout>
 
 namespace zelta {
@@ -42,10 +43,27 @@ SwitchRow::SwitchRow(const QString& label, const QString& caption, QWidget* card
     addItem(new TrackItem(m_switch));
     auto* texts = new QVBoxLayout;
     texts->setSpacing(lineGap);
-    texts->addWidget(new Label(label, card));
-    texts->addWidget(new Label(caption, Theme::FontRole::caption, Theme::Token::textSecondary, card));
+    for (Label* text : {new Label(label, card),
+                        new Label(caption, Theme::FontRole::caption, Theme::Token::textSecondary, card)}) {
+        text->installEventFilter(this);
+        texts->addWidget(text);
+    }
     addLayout(texts);
     addStretch(1);
+}
+
+bool SwitchRow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress
+        && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+        return true; // or the release would go to what lies below
+    if (event->type() == QEvent::MouseButtonRelease
+        && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+        if (static_cast<QWidget*>(watched)->rect().contains(static_cast<QMouseEvent*>(event)->pos()))
+            m_switch->click();
+        return true;
+    }
+    return QHBoxLayout::eventFilter(watched, event);
 }
 
 } // namespace zelta

@@ -1,6 +1,7 @@
 #include "app/shell/Sidebar.h"
 
 #include "app/components/Label.h"
+#include "app/components/Line.h"
 #include "app/components/SymbolIcon.h"
 #include "app/look/Theme.h"
 #include "app/model/AppInfo.h"
@@ -18,23 +19,6 @@ namespace zelta {
 namespace {
 
 constexpr int sideInset = 14;
-
-/// A line in the colour of card outlines, one pixel high.
-class Line final : public QWidget
-{
-public:
-    explicit Line(QWidget* parent)
-        : QWidget(parent)
-    {
-        setFixedHeight(1);
-    }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override
-    {
-        QPainter(this).fillRect(rect(), Theme::color(Theme::Token::outline));
-    }
-};
 
 } // namespace
 
@@ -114,7 +98,7 @@ QWidget* Sidebar::makeFooter()
     auto* layout = new QVBoxLayout(footer);
     layout->setContentsMargins(sideInset, 0, sideInset, 8);
     layout->setSpacing(9);
-    layout->addWidget(new Line(footer));
+    layout->addWidget(new Line(footer, Theme::Token::outline));
     auto* row = new QHBoxLayout;
     row->setSpacing(6);
     row->addWidget(new SymbolIcon("calendar.badge.checkmark", 12, Theme::Token::textSecondary, footer));

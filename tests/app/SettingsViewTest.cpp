@@ -90,6 +90,16 @@ TEST(SettingsPage, AChoiceIsStoredAtOnceAndShows)
     EXPECT_EQ(stage.weekend(), "Sun Fri ");
 }
 
+TEST(SettingsPage, AClickOnTheLabelSetsTheClock)
+{
+    Stage stage;
+    for (QLabel* label : stage.page.findChildren<QLabel*>()) {
+        if (label->text() == QStringLiteral("Show times in 24-hour format"))
+            QTest::mouseClick(label, Qt::LeftButton);
+    }
+    EXPECT_TRUE(stage.test.model.use24Hour());
+}
+
 TEST(SettingsPage, TheClockIsSetByAssistiveTechnologyToo)
 {
     Stage stage;

@@ -138,7 +138,7 @@ class Program:
         return None
 
     def windows(self):
-        """Every window that shows, dialogs, menus and popovers among them; the newest last."""
+        """Every window that shows, dialogs among them; the newest last. Menus that open at the pointer are none to Qt."""
         application = self._application()
         return [window for window in application.children if window.has("showing")] if application else []
 

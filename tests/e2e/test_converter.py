@@ -40,7 +40,7 @@ class Converter(scenario.Scenario):
         app.key("Tab", "End")
         app.wait_gone("1 mi =: 1.609344 km")
         app.key("Home")
-        app.wait("Result")
+        app.wait("2 km in kilometre: 2 km")
 
 
 if __name__ == "__main__":
