@@ -69,7 +69,7 @@ void Picker::addEntry(const QString& name, const QString& second, const QString&
     if (second.isEmpty())
         return;
     setItemData(count() - 1, second, secondRole);
-    setItemData(count() - 1, name + QStringLiteral(", ") + second, Qt::AccessibleTextRole);
+    setItemData(count() - 1, second, Qt::AccessibleDescriptionRole);
     if (currentIndex() == count() - 1)
         setAccessibleDescription(second);
 }

@@ -5,7 +5,7 @@
 namespace zelta {
 
 /// A drop-down choice: the name at the left, an optional quieter second column (a unit's symbol) at the
-/// right, which is its accessible description as well. `activated` tells of the person's choice;
+/// right, which is also its accessible description. `activated` tells of the person's choice;
 /// `setCurrentIndex` makes no such signal.
 class Picker : public QComboBox
 {

@@ -232,7 +232,7 @@ TEST(Picker, DescribesTheUnitByItsSymbol)
     EXPECT_EQ(picker.accessibleDescription(), QStringLiteral("mi"));
     picker.setCurrentIndex(1);
     EXPECT_EQ(picker.accessibleDescription(), QStringLiteral("km"));
-    EXPECT_EQ(picker.itemData(0, Qt::AccessibleTextRole).toString(), QStringLiteral("Mile, mi"));
+    EXPECT_EQ(picker.itemData(0, Qt::AccessibleDescriptionRole).toString(), QStringLiteral("mi"));
 }
 
 TEST(Picker, LeavesTheWheelToThePage)

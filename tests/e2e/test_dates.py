@@ -63,6 +63,21 @@ class Dates(scenario.Scenario):
         app.click("Swap the start and end dates")
         app.wait("Direction: End date is before start date (counts are shown as magnitudes)")
 
+    def test_a_date_is_picked_from_the_calendar(self):
+        app = self.start()
+        app.go("Days Between")
+        self.enter(app, "Start date", "15", "12", "2026")
+        self.enter(app, "End date", "31", "12", "2027")
+        app.click("Pick from a calendar")
+        app.wait("December 2026")
+        app.click("Next month")
+        app.wait("January 2027")
+        app.key("Right")  # from the first of the month
+        app.wait("From: Saturday, 2 January 2027")
+        app.click("Friday, 15 January 2027")
+        app.wait("From: Friday, 15 January 2027")
+        app.wait_gone("Next month")
+
     def test_paging_the_month_selects_its_first_day(self):
         app = self.start()
         app.go("Calendar")
