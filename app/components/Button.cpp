@@ -95,7 +95,7 @@ QSize Button::sizeHint() const
 {
     const int own = m_size == Size::small ? Metric::smallButtonHeight : Metric::buttonHeight;
     m_line.set(m_label, font());
-    return {2 * padding() + contentWidth(m_line), m_height.value_or(own)};
+    return {2 * padding() + contentWidth(m_line, m_symbol), m_height.value_or(own)};
 }
 
 QSize Button::minimumSizeHint() const
@@ -110,7 +110,7 @@ void Button::paintEvent(QPaintEvent* /*event*/)
     TextLine& line = m_confirmation ? m_confirmationLine : m_line;
     line.set(shownLabel(), font());
     const QColor ink = inkColor();
-    double x = (width() - contentWidth(line)) / 2.0;
+    double x = (width() - contentWidth(line, shownSymbol())) / 2.0;
     if (!shownSymbol().empty()) {
         const QRectF box(x, 0, symbolSize(), height());
         Symbols::draw(painter, box, shownSymbol(), symbolSize(), ink);
@@ -173,9 +173,9 @@ QString Button::shownLabel() const
     return m_confirmation.value_or(m_label);
 }
 
-int Button::contentWidth(const TextLine& line) const
+int Button::contentWidth(const TextLine& line, std::string_view symbol) const
 {
-    return line.width() + (shownSymbol().empty() ? 0 : symbolSize() + gap());
+    return line.width() + (symbol.empty() ? 0 : symbolSize() + gap());
 }
 
 int Button::padding() const

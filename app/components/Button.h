@@ -61,7 +61,7 @@ protected:
 
 private:
     [[nodiscard]] QString shownLabel() const;
-    [[nodiscard]] int contentWidth(const TextLine& line) const;
+    [[nodiscard]] int contentWidth(const TextLine& line, std::string_view symbol) const;
     [[nodiscard]] int padding() const;
     [[nodiscard]] int gap() const;
     [[nodiscard]] int symbolSize() const;

@@ -145,11 +145,12 @@ void Label::paintEvent(QPaintEvent* event)
 /// Each step is skipped when it changes nothing, because it announces a palette change that leads here again.
 void Label::applyToken()
 {
-    const bool secondary = m_token == Theme::Token::textSecondary;
-    const QPalette::ColorRole role = secondary ? QPalette::PlaceholderText : QPalette::WindowText;
+    const bool isSolid = m_opacity == 1;
+    const bool isSecondary = isSolid && m_token == Theme::Token::textSecondary;
+    const QPalette::ColorRole role = isSecondary ? QPalette::PlaceholderText : QPalette::WindowText;
     if (foregroundRole() != role)
         setForegroundRole(role);
-    if (secondary || m_token == Theme::Token::text) {
+    if (isSecondary || (isSolid && m_token == Theme::Token::text)) {
         if (testAttribute(Qt::WA_SetPalette))
             setPalette(QPalette());
         return;

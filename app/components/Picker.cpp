@@ -8,9 +8,11 @@
 #include <QAbstractItemView>
 #include <QLayout>
 #include <QPainter>
+#include <QScreen>
 #include <QStyledItemDelegate>
 #include <QWheelEvent>
 #include <QtMath>
+#include <algorithm>
 
 namespace zelta {
 
@@ -94,6 +96,8 @@ void Picker::showPopup()
         area.adjust(0, distance, 0, distance + 2 * itemMargin);
     else
         area.adjust(0, -distance - 2 * itemMargin, 0, -distance);
+    const QRect room = screen()->availableGeometry();
+    area.moveTop(std::clamp(area.top(), room.top(), std::max(room.top(), room.bottom() + 1 - area.height())));
     popup->setGeometry(area);
     popup->setMask(StyleParts::popupMask(popup->rect(), Metric::rowRadius));
 }

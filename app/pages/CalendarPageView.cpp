@@ -177,20 +177,17 @@ void CalendarPageView::hideEvent(QHideEvent* event)
         m_midnight.cancel();
 }
 
-void CalendarPageView::changeEvent(QEvent* event)
+bool CalendarPageView::eventFilter(QObject* watched, QEvent* event)
 {
-    QWidget::changeEvent(event);
-    // Delays stand still while the computer sleeps: midnight may have passed unnoticed.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible()) {
+    if (watched != window() || !isVisible())
+        return QWidget::eventFilter(watched, event);
+    if (event->type() == QEvent::Resize) {
+        fitTiles();
+    } else if (event->type() == QEvent::WindowActivate) {
+        // Delays stand still while the computer sleeps: midnight may have passed unnoticed.
         refresh();
         waitForMidnight();
     }
-}
-
-bool CalendarPageView::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == window() && event->type() == QEvent::Resize)
-        fitTiles();
     return QWidget::eventFilter(watched, event);
 }
 

@@ -4,6 +4,7 @@
 
 #include <QTextBoundaryFinder>
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zelta {
@@ -61,6 +62,8 @@ QString ExactText::prepare(QStringView text, qsizetype lineLength)
 void ExactText::replace(qsizetype from, qsizetype removed, QStringView inserted)
 {
     QStringView before = QStringView(m_shown).mid(from, removed);
+    if (before == inserted)
+        return; // an input method tells of a whole line when nothing in it has changed
     const Stretch* known = remembered(inserted);
     if (known == nullptr) {
         // The document may tell of more than what has changed: what stayed keeps its meaning.
@@ -94,6 +97,19 @@ void ExactText::replace(qsizetype from, qsizetype removed, QStringView inserted)
     m_shown.replace(from, removed, inserted.data(), inserted.size());
     if (!gone.breaks.empty())
         remember(std::move(gone));
+    partFromLineFeeds(from - 1, from + inserted.size());
+}
+
+/// A bare CR with a line feed behind it would be read as one break: it becomes a line feed itself.
+void ExactText::partFromLineFeeds(qsizetype from, qsizetype to)
+{
+    const qsizetype last = m_shown.size() - 1; // the document's own break
+    for (auto b = breakFrom(from); b != m_breaks.end() && b->position <= to;) {
+        const qsizetype next = b->position + 1;
+        const bool isBeforeLineFeed = next < last && m_shown[next] == shownBreak
+            && (std::next(b) == m_breaks.end() || std::next(b)->position != next);
+        b = b->kind == Kind::carriageReturn && isBeforeLineFeed ? m_breaks.erase(b) : std::next(b);
+    }
 }
 
 void ExactText::replaceAll(QStringView shown)

@@ -82,6 +82,7 @@ private:
     static QStringView written(Kind kind);
     [[nodiscard]] const Stretch* remembered(QStringView shown) const;
     void remember(Stretch stretch);
+    void partFromLineFeeds(qsizetype from, qsizetype to);
     std::vector<Break>::iterator breakFrom(qsizetype position);
 
     QString m_shown {QChar(QChar::ParagraphSeparator)};

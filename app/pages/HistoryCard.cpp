@@ -12,6 +12,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QtMath>
 #include <algorithm>
 
 namespace zelta {
@@ -32,7 +33,9 @@ constexpr int aboveDetail = 11;
 int oneLineWidth(const Label& label)
 {
     const QString text = label.text();
-    return text.contains(QLatin1Char('\n')) ? QWIDGETSIZE_MAX : label.fontMetrics().horizontalAdvance(text);
+    if (text.contains(QLatin1Char('\n')))
+        return QWIDGETSIZE_MAX;
+    return qCeil(QFontMetricsF(label.font()).horizontalAdvance(text)); // whole pixels that hold it
 }
 
 /// What a label takes at this width; one line is by far the usual case and is known without laying it out.

@@ -154,6 +154,8 @@ void HistoryView::load()
     m_ids.clear();
     for (const HistoryEntry& entry : entries)
         m_ids.push_back(entry.id);
+    if (entries.empty() && isAncestorOf(window()->focusWidget()))
+        setFocus(); // what had it goes or is disabled, and Qt would go on to another part of the window
     m_count->setText(toQt(std::to_string(entries.size()) + " saved"));
     m_clear->setEnabled(!entries.empty());
     m_empty->setVisible(entries.empty());

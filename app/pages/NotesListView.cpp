@@ -24,10 +24,10 @@ class NoteRows final : public QListView
 {
 public:
     NoteRows(QWidget* parent, std::function<void(const QModelIndex&)> chosenAgain,
-             std::function<void()> showSelection)
+             std::function<void()> markSelection)
         : QListView(parent)
         , m_chosenAgain(std::move(chosenAgain))
-        , m_showSelection(std::move(showSelection))
+        , m_markSelection(std::move(markSelection))
     { }
 
 protected:
@@ -40,8 +40,16 @@ protected:
             QListView::mousePressEvent(event);
         // The note that was open has been saved, which may have moved the rows, and Qt has selected the one
         // that lies below the pointer now.
-        m_showSelection();
+        m_markSelection();
     }
+
+    // Between a press and what follows it rows may have moved: those below the pointer now were not meant.
+    void mouseMoveEvent(QMouseEvent* event) override
+    {
+        if (!(event->buttons() & Qt::LeftButton))
+            QListView::mouseMoveEvent(event);
+    }
+    void mouseDoubleClickEvent(QMouseEvent* event) override { event->accept(); }
 
     void updateGeometries() override
     {
@@ -52,7 +60,7 @@ protected:
 
 private:
     std::function<void(const QModelIndex&)> m_chosenAgain;
-    std::function<void()> m_showSelection;
+    std::function<void()> m_markSelection;
 };
 
 } // namespace
@@ -70,7 +78,7 @@ NotesListView::NotesListView(NoteListModel::Reader readNote, QWidget* parent)
         if (!m_isSelecting && id.isValid())
             Q_EMIT noteChosen(id.toLongLong());
     };
-    m_list = new NoteRows(this, choose, [this] { showSelection(); });
+    m_list = new NoteRows(this, choose, [this] { markSelection(); });
     m_list->setAccessibleName(QStringLiteral("Notes"));
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setModel(m_model);
@@ -107,16 +115,22 @@ void NotesListView::setWhenEmpty(WhenEmpty whenEmpty)
     showContent();
 }
 
-void NotesListView::showSelection()
+void NotesListView::markSelection()
 {
     const QScopedValueRollback<bool> selecting(m_isSelecting, true);
     const QModelIndex row = m_model->indexOf(m_selected);
     m_list->setCurrentIndex(row);
     if (!row.isValid())
         m_list->clearSelection();
-    else if (row.row() == 1)
+}
+
+void NotesListView::showSelection()
+{
+    markSelection();
+    const QModelIndex row = m_list->currentIndex();
+    if (row.row() == 1)
         m_list->scrollToTop(); // with its heading
-    else
+    else if (row.isValid())
         m_list->scrollTo(row);
 }
 

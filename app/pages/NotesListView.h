@@ -34,6 +34,7 @@ Q_SIGNALS:
     void noteChosen(std::int64_t noteId);
 
 private:
+    void markSelection();
     void showSelection();
     void showContent();
 

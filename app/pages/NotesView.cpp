@@ -187,8 +187,8 @@ void NotesView::updateBlock(const ParagraphKey& key, std::int64_t inNote, std::s
         return;
     }
     std::optional<Note> late = m_keeper->note(inNote);
-    if (late && replaceText(*late, key, text, now()))
-        write(*late);
+    if (late && replaceText(*late, key, text, now()) && !write(*late))
+        scheduleRetry();
 }
 
 void NotesView::appendBlock()
@@ -241,8 +241,11 @@ void NotesView::step(bool (NoteDraft::*direction)(), const QString& message)
     handOn();
     if (!m_draft || !(*m_draft.*direction)())
         return;
+    const auto focused = m_pane->paragraphs()->focusedParagraph();
     m_isUnsaved = true;
     showDraft();
+    if (focused && !m_pane->paragraphs()->focusedParagraph())
+        m_pane->paragraphs()->focusParagraph(std::min(*focused, m_draft->note().blocks.size() - 1));
     flushSave();
     m_pane->message()->flash(message);
 }
@@ -361,11 +364,12 @@ void NotesView::showEvent(QShowEvent* event)
     if (event->spontaneous())
         return;
     if (!std::exchange(m_isLoaded, true)) {
+        window()->installEventFilter(this);
         layout()->activate(); // a note is laid out at the width that it gets
         load(OnReload::selectFirst);
         return;
     }
-    // The page comes up as it was left; what another copy of the program has saved follows.
+    // The page comes up as it was left; what another copy of the program has saved follows in the list.
     m_reloadTask = m_model.clock().after(SearchPace::frame, [this] { load(OnReload::keepSelection); });
 }
 
@@ -374,7 +378,20 @@ void NotesView::hideEvent(QHideEvent* event)
     QWidget::hideEvent(event);
     m_reloadTask.cancel();
     handOn();
-    // What could not be written gets its tries anew: this may be the end of the program.
+    renewTries();
+}
+
+/// The window may be closed while another page is shown.
+bool NotesView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Close && watched == window())
+        renewTries();
+    return QWidget::eventFilter(watched, event);
+}
+
+/// What could not be written gets its tries anew: this may be the end of the program.
+void NotesView::renewTries()
+{
     if (std::exchange(m_failedSaves, 0) > 0)
         scheduleRetry();
 }

@@ -80,6 +80,7 @@ public:
     void flushSave();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -90,6 +91,7 @@ private:
     void handOn();
     void scheduleSave();
     void scheduleRetry();
+    void renewTries();
     bool write(const Note& note);
     void searchChanged();
     void runDueSearch();

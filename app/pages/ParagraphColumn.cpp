@@ -54,8 +54,11 @@ void ParagraphColumn::show(const Note* note)
     }
     const auto noteId = note != nullptr ? std::optional(note->id) : std::nullopt;
     const bool isSameNote = noteId == m_noteId;
-    if (isSameNote)
+    std::vector<Place> inSight;
+    if (isSameNote) {
+        inSight = placesInSight();
         reuseRows(rows);
+    }
     {
         // A row that goes passes the focus on, and the page may scroll: both ask for editors, which take
         // the texts of their rows.
@@ -69,8 +72,34 @@ void ParagraphColumn::show(const Note* note)
             if (row.editor != nullptr)
                 row.editor->setValue(std::exchange(row.text, {}));
         }
+        measureRows();
     }
+    keepInSight(inSight);
     placeRows();
+}
+
+/// The rows from the first one in sight on, where the page is scrolled.
+std::vector<ParagraphColumn::Place> ParagraphColumn::placesInSight() const
+{
+    std::vector<Place> places;
+    const auto first = firstInSight();
+    if (verticalScrollBar()->value() == 0 || !first)
+        return places;
+    for (std::size_t i = *first; i < m_rows.size(); ++i)
+        places.push_back({.key = m_rows[i].key, .top = m_rows[i].top});
+    return places;
+}
+
+/// Scrolls so that the first of these rows that is still there stays where it was.
+void ParagraphColumn::keepInSight(const std::vector<Place>& places)
+{
+    for (const Place& place : places) {
+        const auto row = std::ranges::find(m_rows, place.key, &Row::key);
+        if (row == m_rows.end())
+            continue;
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + row->top - place.top);
+        return;
+    }
 }
 
 /// Gives the new rows the editors that the old ones of the same key have.

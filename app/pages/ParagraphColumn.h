@@ -5,7 +5,6 @@
 
 #include <QScrollArea>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -63,6 +62,15 @@ private:
         int height = 0;
     };
 
+    /// Where a row was.
+    struct Place
+    {
+        ParagraphKey key;
+        int top = 0;
+    };
+
+    [[nodiscard]] std::vector<Place> placesInSight() const;
+    void keepInSight(const std::vector<Place>& places);
     void reuseRows(std::vector<Row>& rows);
     void dropRows(std::vector<Row>& rows);
     void makeEditor(Row& row);

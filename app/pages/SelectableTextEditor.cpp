@@ -139,7 +139,8 @@ void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
     const int anchor = textCursor().anchor();
     QTextEdit::keyPressEvent(event);
     const bool hasStayed = textCursor().position() == before && textCursor().anchor() == anchor;
-    const bool isStep = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    const bool isStep = (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)
+        && (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::ControlModifier)) == 0;
     if (isStep && hasStayed)
         stepToOtherLine(*event);
 }

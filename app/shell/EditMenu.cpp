@@ -158,7 +158,8 @@ void EditMenu::follow(QWidget* focus)
         m_connections << connect(line, &QLineEdit::selectionChanged, this, &EditMenu::refresh)
                       << connect(line, &QLineEdit::textChanged, this, &EditMenu::refresh);
     } else if (auto* text = qobject_cast<QTextEdit*>(focus)) {
-        m_connections << connect(text, &QTextEdit::copyAvailable, this, &EditMenu::refresh)
+        m_connections << connect(text, &QTextEdit::textChanged, this, &EditMenu::refresh)
+                      << connect(text, &QTextEdit::copyAvailable, this, &EditMenu::refresh)
                       << connect(text, &QTextEdit::undoAvailable, this, &EditMenu::refresh)
                       << connect(text, &QTextEdit::redoAvailable, this, &EditMenu::refresh);
     }

@@ -10,6 +10,7 @@
 #include <QSocketNotifier>
 #include <QWidget>
 #include <array>
+#include <cerrno>
 #include <csignal>
 
 namespace zelta {
@@ -20,8 +21,10 @@ std::array<int, 2> signalPipe {-1, -1};
 
 void onSignal(int)
 {
+    const int error = errno; // of whatever was interrupted
     const char byte = 0;
     [[maybe_unused]] const ssize_t written = write(signalPipe[1], &byte, 1);
+    errno = error;
 }
 
 } // namespace
@@ -73,8 +76,13 @@ void Lifetime::watchSignals()
     action.sa_handler
         = onSignal; // NOLINT(cppcoreguidelines-pro-type-union-access): the union is the system's
     action.sa_flags = SA_RESTART;
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-        sigaction(signal, &action, nullptr);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction before
+        { };
+        sigaction(signal, nullptr, &before);
+        if (before.sa_handler != SIG_IGN) // NOLINT(cppcoreguidelines-pro-type-union-access): as above
+            sigaction(signal, &action, nullptr); // "nohup" has it ignored
+    }
 }
 
 void Lifetime::quitWhenSaved()

@@ -141,11 +141,14 @@ void MainWindow::showSelection()
 {
     const Module module = m_model.selection();
     PageChrome* shown = page(module);
-    m_pages->setCurrentWidget(shown);
-    setWindowTitle(toQt(title(module)));
     // Who walks the sidebar by keyboard stays there; everybody else can type at once.
     const auto* row = qobject_cast<SidebarRow*>(focusWidget());
-    if (!row || !Surface::showsFocus(*row))
+    const bool isWalking = row && Surface::showsFocus(*row);
+    if (!isWalking)
+        m_pages->setFocus(); // or the stack would give it to whatever comes first on the page
+    m_pages->setCurrentWidget(shown);
+    setWindowTitle(toQt(title(module)));
+    if (!isWalking)
         shown->focusEntry();
 }
 

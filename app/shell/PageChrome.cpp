@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPainter>
+#include <QTextEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -74,7 +75,7 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
-    setAccessibleName(toQt(title(module))); // it has the focus where the page has nothing to type into
+    setAccessibleName(toQt(title(module))); // it may have the focus
     viewport()->setAutoFillBackground(false);
 
     auto* layout = new PageLayout(m_column, *this);
@@ -105,12 +106,17 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
 void PageChrome::focusEntry()
 {
     // Not a focus proxy of the page: that takes every stop before and after the field out of the Tab order.
-    if (!m_content || m_module == Module::notes)
+    if (auto* text = qobject_cast<QTextEdit*>(focusWidget()); text && text->isVisibleTo(this)) {
+        text->setFocus();
         return;
-    const auto fields = m_content->findChildren<QLineEdit*>();
-    const auto first = std::ranges::find_if(fields, &QWidget::isVisible);
+    }
+    const auto fields = m_module == Module::notes ? QList<QLineEdit*>() : findChildren<QLineEdit*>();
+    const auto first
+        = std::ranges::find_if(fields, [this](const QWidget* field) { return field->isVisibleTo(this); });
     if (first != fields.end())
         (*first)->setFocus(Qt::ShortcutFocusReason);
+    else
+        setFocus();
 }
 
 void PageChrome::paintEvent(QPaintEvent* /*event*/)

@@ -19,7 +19,8 @@ public:
     /// Takes ownership of `content`; null shows the header alone.
     PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent);
 
-    /// Puts the caret where typing on this page begins: its first field. Notes are read first, and have none.
+    /// Puts the caret where typing on this page begins: its first field, or the paragraph of a note that had
+    /// it last. A page without takes the focus itself, so that no key presses a button unasked.
     void focusEntry();
 
 protected:

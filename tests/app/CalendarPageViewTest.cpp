@@ -239,6 +239,17 @@ TEST(CalendarPage, TilesAreLowerInASmallWindow)
     }
 }
 
+TEST(CalendarPage, LooksAtTheClockWhenItsWindowIsUsedAgain)
+{
+    Stage stage;
+    ASSERT_EQ(stage.todays(), std::vector<int> {7});
+    // As after sleep: the delay until midnight has stood still.
+    stage.test.clock.setWallClock(stage.test.clock.now() + 24h);
+    QEvent activate(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&stage.window, &activate);
+    EXPECT_EQ(stage.todays(), std::vector<int> {8});
+}
+
 TEST(CalendarPage, LeavesNoFocusOnAnotherDayWhenItComesBack)
 {
     Stage stage;

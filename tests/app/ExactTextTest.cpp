@@ -95,6 +95,27 @@ TEST(ExactText, UndoBringsBackForeignBreaks)
     EXPECT_EQ(edited.exact.text(), QStringLiteral("oe\u2029four"));
 }
 
+TEST(ExactText, ABareReturnMakesNoOneBreakWithALineFeedBehindIt)
+{
+    Edited edited(QStringLiteral("one\rtwo\nthree"));
+    edited.cursor(4, 4).insertBlock();
+    EXPECT_EQ(edited.exact.text(), QStringLiteral("one\n\ntwo\nthree"));
+    Edited joined(QStringLiteral("one\rtwo\nthree\r"));
+    joined.cursor(4, 7).removeSelectedText();
+    EXPECT_EQ(joined.exact.text(), QStringLiteral("one\n\nthree\r"));
+}
+
+TEST(ExactText, AnEditThatChangesNothingChangesNoBreak)
+{
+    ExactText exact;
+    exact.set(u"ab\r\nxx");
+    exact.replace(0, 3, u"");
+    exact.replace(0, 0, u"ab");
+    exact.replace(2, 0, u"\u2029");
+    exact.replace(0, 3, u"ab\u2029"); // as an input method tells of its line
+    EXPECT_EQ(exact.text(), QStringLiteral("ab\nxx"));
+}
+
 TEST(ExactText, ShowsALongLineInPieces)
 {
     const QString text = repeated("words of a long line ", 100'000);

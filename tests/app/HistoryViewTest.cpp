@@ -285,6 +285,36 @@ TEST_F(HistoryViewTest, WrapsLongTextsInsteadOfCuttingThem)
         EXPECT_LE(label->heightForWidth(label->width()), label->height());
 }
 
+TEST_F(HistoryViewTest, KeepsRoomForEachLineAtEachWidth)
+{
+    const HistoryEntry entry {1, {}, "percent", "Word adgjmp vybehk qtwzcf end", "Word adgjmp vybehk", {}};
+    HistoryCard card(entry, {}, nullptr);
+    card.show();
+    for (int width = 350; width < 650; ++width) {
+        card.resize(width, card.heightForWidth(width));
+        for (const auto* label : card.findChildren<Label*>())
+            ASSERT_LE(label->heightForWidth(label->width()), label->height() + 1) << width; // rounding
+    }
+}
+
+TEST_F(HistoryViewTest, KeepsTheFocusWhenItsLastEntryGoes)
+{
+    for (const bool isCleared : {false, true}) {
+        save("a");
+        view.hide();
+        show();
+        area.activateWindow();
+        QWidget* control = isCleared ? static_cast<QWidget*>(clearButton()) : cards()[0]->deleteButton();
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_Space);
+        if (isCleared)
+            QTest::mouseClick(view.window()->findChild<ConfirmDialog*>()->actionButton(), Qt::LeftButton);
+        settle();
+        EXPECT_TRUE(cards().empty());
+        EXPECT_EQ(area.focusWidget(), &view) << isCleared;
+    }
+}
+
 TEST_F(HistoryViewTest, NamesItsControlsInWords)
 {
     save("a & b");

@@ -85,6 +85,18 @@ TEST(Label, PaintsTheTextOfTheMoment)
     EXPECT_EQ(inkIn(label), 0);
 }
 
+TEST(Label, LetsTheGroundShineThroughEachInk)
+{
+    Label label(QStringLiteral("MMMMMMM"));
+    for (const Theme::Token token :
+         {Theme::Token::text, Theme::Token::textSecondary, Theme::Token::warnInk}) {
+        label.setToken(token);
+        label.setOpacity(0.3);
+        EXPECT_NEAR(label.palette().color(label.foregroundRole()).alphaF(), 0.3, 0.01);
+        label.setOpacity(1);
+    }
+}
+
 TEST(Label, BreaksAWordThatIsWiderThanItself)
 {
     const QString number(60, QLatin1Char('8'));

@@ -179,6 +179,17 @@ TEST(ParagraphEditor, TheCaretGoesOnInTheNextLine)
     EXPECT_EQ(hebrew.caret(), 4);
 }
 
+TEST(ParagraphEditor, AnArrowThatMeansSomethingElseLeavesTheCaret)
+{
+    Stage stage("one line\nsecond");
+    for (const Qt::KeyboardModifier modifier : {Qt::AltModifier, Qt::MetaModifier}) {
+        stage.setCaret(3);
+        stage.key(Qt::Key_Right, modifier);
+        stage.key(Qt::Key_Left, modifier);
+        EXPECT_EQ(stage.caret(), 3) << modifier;
+    }
+}
+
 TEST(ParagraphEditor, RightToLeftLinesStandAtTheRight)
 {
     Stage stage("שלום");

@@ -195,6 +195,37 @@ TEST_F(NotesBadInput, TheEndWaitsForAFileThatIsBusyButNotForAFullDisk)
     EXPECT_FALSE(test.clock.hasPendingSaves()) << "a closed program would end";
 }
 
+TEST_F(NotesBadInput, TheEndWaitsAlsoWhileAnotherPageIsShown)
+{
+    const std::int64_t id = add({"kept"});
+    open();
+    auto file = sqlite::Connection::open(store().url().string());
+    file.execute("CREATE TRIGGER busy BEFORE UPDATE ON notes BEGIN SELECT RAISE(ABORT, 'busy'); END;");
+    type(0, QStringLiteral("!"));
+    page->hide();
+    test.clock.advance(10min);
+    file.execute("DROP TRIGGER busy;");
+    QCloseEvent close;
+    QCoreApplication::sendEvent(page->window(), &close);
+    EXPECT_TRUE(test.clock.hasPendingSaves());
+    test.clock.advance(NotesView::retryDelay);
+    EXPECT_EQ(stored(id), Texts {"kept!"});
+    EXPECT_FALSE(test.clock.hasPendingSaves());
+}
+
+TEST_F(NotesBadInput, LateWordsThatCouldNotBeWrittenAreTriedAgain)
+{
+    add({"open"});
+    const std::int64_t id = add({"closed"}, 1h);
+    open();
+    auto file = sqlite::Connection::open(store().url().string());
+    file.execute("CREATE TRIGGER busy BEFORE UPDATE ON notes BEGIN SELECT RAISE(ABORT, 'busy'); END;");
+    page->updateBlock(paragraphKeys(*store().note(id)).front(), id, "closed, late");
+    file.execute("DROP TRIGGER busy;");
+    test.clock.advance(NotesView::retryDelay);
+    EXPECT_EQ(stored(id), Texts {"closed, late"});
+}
+
 TEST_F(NotesBadInput, SearchesForPatternsAndForAVeryLongText)
 {
     add({"100 percent"}, 2h);

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QListView>
+#include <QScrollBar>
 
 namespace zelta {
 namespace {
@@ -360,10 +361,34 @@ TEST_F(NotesViewTest, AClickOpensTheRowBelowThePointerThoughSavingMovesTheRows)
     type(0, QStringLiteral("!"));
     QListView* list = page->list()->list();
     const QRect row = list->visualRect(page->list()->model().indexOf(charlie));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
+    // A second press and a hand that shakes mean no other note.
+    QTest::mousePress(list->viewport(), Qt::LeftButton, {}, row.center());
+    QMouseEvent shake(QEvent::MouseMove, row.center() + QPoint(0, 1), list->mapToGlobal(row.center()),
+                      Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(list->viewport(), &shake);
+    QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, row.center());
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, row.center());
     EXPECT_EQ(shown(), Texts {"charlie"});
     EXPECT_EQ(list->currentIndex(), page->list()->model().indexOf(charlie));
     EXPECT_EQ(list->selectionModel()->selectedIndexes(), QModelIndexList {list->currentIndex()});
+}
+
+TEST_F(NotesViewTest, AClickOnAHeadingMovesNothing)
+{
+    for (int i = 0; i < 60; ++i)
+        add({"note"}, 24h * i);
+    open();
+    QListView* list = page->list()->list();
+    list->scrollToBottom();
+    const int place = list->verticalScrollBar()->value();
+    ASSERT_GT(place, 0);
+    const NoteListModel& model = page->list()->model();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const QRect area = list->visualRect(model.index(row));
+        if (model.index(row).data(NoteListModel::isHeadingRole).toBool() && area.top() > 0)
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, area.center());
+    }
+    EXPECT_EQ(list->verticalScrollBar()->value(), place);
 }
 
 TEST_F(NotesViewTest, AFocusInAParagraphTakesNoWordsAlong)
@@ -399,6 +424,34 @@ TEST_F(NotesViewTest, RemovingTheParagraphWithTheFocusTakesNoOtherAlong)
     EXPECT_EQ(shown(), texts);
     test.clock.advance(1s);
     EXPECT_EQ(stored(id), texts);
+}
+
+TEST_F(NotesViewTest, WhatIsInSightStaysWhileParagraphsComeAndGo)
+{
+    add(Texts(14, "one\ntwo\nthree"));
+    open();
+    QScrollBar* bar = page->pane()->paragraphs()->verticalScrollBar();
+    bar->setValue(60);
+    const auto top = [&](std::size_t row) { return rows()[row]->mapTo(page.get(), QPoint()).y(); };
+    const int before = top(1);
+    page->removeBlock(5);
+    EXPECT_EQ(top(1), before);
+    page->undo();
+    EXPECT_EQ(top(1), before);
+    bar->setValue(200);
+    const int inSight = top(3);
+    page->removeBlock(0);
+    EXPECT_EQ(top(2), inSight) << "what is above goes";
+}
+
+TEST_F(NotesViewTest, AStepBackKeepsTheFocusInTheNote)
+{
+    add({"one", "two"});
+    open();
+    page->appendBlock();
+    ASSERT_TRUE(rows()[2]->editor()->hasFocus());
+    page->undo();
+    EXPECT_TRUE(rows()[1]->editor()->hasFocus());
 }
 
 TEST_F(NotesViewTest, ARowTellsTitlePreviewAndDate)

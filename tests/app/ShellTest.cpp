@@ -2,6 +2,7 @@
 #include "app/components/Label.h"
 #include "app/model/AppInfo.h"
 #include "app/model/Text.h"
+#include "app/pages/SelectableTextEditor.h"
 #include "app/shell/EditMenu.h"
 #include "app/shell/Lifetime.h"
 #include "app/shell/MainWindow.h"
@@ -20,6 +21,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextEdit>
 #include <algorithm>
 #include <csignal>
 
@@ -156,6 +158,52 @@ TEST_F(ShellTest, OnAPageWithFieldsTypingBeginsAtOnce)
     EXPECT_EQ(field->accessibleName(), QStringLiteral("Value X"));
     QTest::keyClicks(field, QStringLiteral("5"));
     EXPECT_EQ(field->text(), QStringLiteral("5"));
+}
+
+TEST_F(ShellTest, FromFieldToFieldTypingReplacesWhatStandsThere)
+{
+    show();
+    test.model.setSelection(Module::percent);
+    test.model.setSelection(Module::duration);
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_TRUE(field);
+    EXPECT_EQ(field->accessibleName(), QStringLiteral("Start date, day"));
+    EXPECT_EQ(field->selectedText(), field->text());
+}
+
+TEST_F(ShellTest, APageWithoutFieldsHasTheFocusItself)
+{
+    show();
+    for (const Module module :
+         {Module::calculator, Module::calendar, Module::notes, Module::history, Module::settings}) {
+        test.model.setSelection(Module::percent);
+        test.model.setSelection(module);
+        EXPECT_NE(qobject_cast<PageChrome*>(QApplication::focusWidget()), nullptr)
+            << toQt(title(module)).toStdString();
+    }
+}
+
+TEST_F(ShellTest, ANoteIsWrittenOnWhereItWas)
+{
+    test.model.store().createNote(Note(0, {{.text = "words"}}, test.clock.now(), test.clock.now()));
+    show();
+    auto* paragraph = window.findChild<SelectableTextEditor*>();
+    ASSERT_TRUE(paragraph);
+    paragraph->setFocus();
+    test.model.setSelection(Module::percent);
+    test.model.setSelection(Module::notes);
+    EXPECT_EQ(QApplication::focusWidget(), paragraph);
+}
+
+TEST(ShellStart, TypingBeginsAtOnce)
+{
+    test::TestModel test {{{"module", "percent"}}};
+    MainWindow window(test.model);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_TRUE(field);
+    EXPECT_EQ(field->accessibleName(), QStringLiteral("Value X"));
 }
 
 TEST_F(ShellTest, WalkingTheSidebarByKeyboardStaysThere)
@@ -295,6 +343,23 @@ TEST_F(ShellTest, TheEditMenuIsEnabledExactlyWhereTheFocusedTextCan)
     EXPECT_FALSE(able(QStringLiteral("Cut")));
     field.clearFocus();
     EXPECT_FALSE(able(QStringLiteral("Copy")));
+}
+
+TEST_F(ShellTest, TheEditMenuFollowsAParagraphThatIsEmptied)
+{
+    QTextEdit text(&window);
+    text.setPlainText(QStringLiteral("a"));
+    show();
+    text.show();
+    text.setFocus();
+    const auto isAble = [&] {
+        return menu(QStringLiteral("Edit"))->actions().back()->isEnabled(); // "Select All"
+    };
+    EXPECT_TRUE(isAble());
+    QTest::keyClick(&text, Qt::Key_Delete);
+    EXPECT_FALSE(isAble());
+    QTest::keyClicks(&text, QStringLiteral("b"));
+    EXPECT_TRUE(isAble());
 }
 
 TEST_F(ShellTest, TheEditMenuOpenedByKeyStillMeansTheSelection)
