@@ -5,7 +5,6 @@
 #include "app/model/Text.h"
 
 #include <QPainter>
-#include <algorithm>
 
 namespace zelta {
 
@@ -133,7 +132,10 @@ void Button::paintSurface(QPainter& painter) const
         Surface::drawPress(painter, area, cornerRadius(), Surface::Press::pressed);
     else if (isEnabled() && underMouse())
         Surface::drawPress(painter, area, cornerRadius(), Surface::Press::hovered);
-    if (focused)
+    if (focused && m_look == Look::destructive)
+        Surface::drawOutline(painter, area.adjusted(2, 2, -2, -2), cornerRadius() - 2,
+                             Theme::color(Theme::Token::onAccent), 2);
+    else if (focused)
         Surface::drawFocusRing(painter, area, cornerRadius());
 }
 

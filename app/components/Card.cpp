@@ -30,26 +30,21 @@ Card::Card(const QString& title, std::string_view symbol, QWidget* parent)
     constexpr int symbolGap = 7;
     constexpr int rowHeight = 16;
     constexpr int belowRow = 12;
-    m_title = new QHBoxLayout;
-    m_title->setContentsMargins(0, 0, 0, belowRow);
-    m_title->setSpacing(symbolGap);
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, 0, belowRow);
+    row->setSpacing(symbolGap);
     if (!symbol.empty())
-        m_title->addWidget(new SymbolIcon(symbol, symbolSize, Theme::Token::textSecondary, this));
+        row->addWidget(new SymbolIcon(symbol, symbolSize, Theme::Token::textSecondary, this));
     auto* label = new Label(title, Theme::FontRole::sectionLabel, Theme::Token::textSecondary, this);
     label->setMinimumHeight(rowHeight);
-    m_title->addWidget(label);
-    m_title->addStretch(1);
-    static_cast<QVBoxLayout*>(layout())->insertLayout(0, m_title);
+    row->addWidget(label);
+    row->addStretch(1);
+    static_cast<QVBoxLayout*>(layout())->insertLayout(0, row);
 }
 
 QVBoxLayout* Card::content() const
 {
     return m_content;
-}
-
-void Card::addToTitle(QWidget* widget)
-{
-    m_title->addWidget(widget);
 }
 
 void Card::paintEvent(QPaintEvent* /*event*/)

@@ -3,7 +3,6 @@
 #include <QWidget>
 #include <string_view>
 
-class QHBoxLayout;
 class QVBoxLayout;
 
 namespace zelta {
@@ -12,7 +11,7 @@ namespace zelta {
 /// thin line around it.
 ///
 ///     auto* card = new Card(QStringLiteral("Options"), "slider.horizontal.3", this);
-///     card->content()->addWidget(new Switch(…));
+///     card->content()->addWidget(new InfoNote(…));
 class Card : public QWidget
 {
     Q_OBJECT
@@ -24,15 +23,11 @@ public:
     /// The column below the title row; no spacing of its own.
     [[nodiscard]] QVBoxLayout* content() const;
 
-    /// Places a widget at the right end of the title row.
-    void addToTitle(QWidget* widget);
-
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QVBoxLayout* m_content;
-    QHBoxLayout* m_title = nullptr;
 };
 
 } // namespace zelta

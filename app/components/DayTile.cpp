@@ -165,7 +165,8 @@ void DayTile::paintPickerDay(QPainter& painter) const
     if (Surface::showsFocus(*this)) {
         constexpr double inset = 2;
         const QRectF inner = area.adjusted(inset, inset, -inset, -inset);
-        Surface::drawOutline(painter, inner, Metric::controlRadius - inset, ink, inset);
+        Surface::drawOutline(painter, inner, Metric::controlRadius - inset,
+                             m_selected ? ink : Theme::color(Theme::Token::focus), inset);
     }
 }
 

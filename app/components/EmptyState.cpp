@@ -7,7 +7,8 @@
 
 namespace zelta {
 
-EmptyState::EmptyState(std::string_view symbol, const QString& title, const QString& text, QWidget* parent)
+EmptyState::EmptyState(std::string_view symbol, const QString& title, const QString& text, QWidget* parent,
+                       int keptAbove)
     : QWidget(parent)
 {
     constexpr int symbolSize = 28;
@@ -23,7 +24,7 @@ EmptyState::EmptyState(std::string_view symbol, const QString& title, const QStr
     sentence->setAlignment(Qt::AlignHCenter);
     sentence->setWrapped(lineHeight);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(side, above, side, below);
+    column->setContentsMargins(side, above - keptAbove, side, below);
     column->setSpacing(0);
     column->addWidget(new SymbolIcon(symbol, symbolSize, Theme::Token::textSecondary, this), 0,
                       Qt::AlignHCenter);

@@ -7,13 +7,16 @@ namespace zelta {
 
 class Label;
 
-/// What a list shows while it has nothing: symbol, title and a sentence, centred one below the other.
+/// What a list shows while it has nothing: symbol, title and a sentence, centred one below the other, the
+/// first 28 px below the top of its card.
 class EmptyState : public QWidget
 {
     Q_OBJECT
 
 public:
-    EmptyState(std::string_view symbol, const QString& title, const QString& text, QWidget* parent = nullptr);
+    /// `keptAbove` is what the card keeps free above it already.
+    EmptyState(std::string_view symbol, const QString& title, const QString& text, QWidget* parent = nullptr,
+               int keptAbove = 0);
 };
 
 } // namespace zelta

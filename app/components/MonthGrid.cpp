@@ -5,6 +5,7 @@
 #include "core/CalendarKit.h"
 
 #include <QGridLayout>
+#include <algorithm>
 #include <cstddef>
 
 namespace zelta {
@@ -85,7 +86,7 @@ void MonthGrid::showMonth(const std::vector<WeekRow>& rows, const std::string& s
         m_stop->setFocusPolicy(Qt::TabFocus);
     // The focus goes with the selection; the tile that had it may show another day now, or none.
     if (hadFocus)
-        focusSelected(Qt::OtherFocusReason);
+        focusSelected();
 }
 
 void MonthGrid::showRow(std::size_t row, const WeekRow& week, const std::string& selectedKey,
@@ -120,10 +121,19 @@ void MonthGrid::setTileHeight(int pixels)
     }
 }
 
-void MonthGrid::focusSelected(Qt::FocusReason reason)
+int MonthGrid::heightToSixWeeks() const
+{
+    const auto isHidden = [](const auto& row) {
+        return std::ranges::all_of(row, [](const DayTile* tile) { return tile->isHidden(); });
+    };
+    return static_cast<int>(std::ranges::count_if(m_tiles, isHidden))
+        * (pickerTileHeight + m_layout->verticalSpacing());
+}
+
+void MonthGrid::focusSelected()
 {
     if (m_stop)
-        m_stop->setFocus(reason);
+        m_stop->setFocus();
 }
 
 } // namespace zelta

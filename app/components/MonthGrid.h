@@ -31,8 +31,11 @@ public:
     /// Rows of the page's look are this high; the picker's have one height.
     void setTileHeight(int pixels);
 
+    /// How much higher the picker's grid is with six weeks than now.
+    [[nodiscard]] int heightToSixWeeks() const;
+
     /// Gives the focus to the tab stop.
-    void focusSelected(Qt::FocusReason reason);
+    void focusSelected();
 
 Q_SIGNALS:
     /// The person chose this day with the mouse, Space or Enter.

@@ -148,7 +148,7 @@ void Picker::paintEvent(QPaintEvent* /*event*/)
     }
     painter.setFont(font());
     painter.setPen(isEnabled() ? Theme::color(Theme::Token::text) : quiet);
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
+    painter.drawText(line.translated(0, 1), Qt::AlignLeft | Qt::AlignVCenter,
                      painter.fontMetrics().elidedText(currentText(), Qt::ElideRight, qFloor(line.width())));
 }
 

@@ -2,7 +2,6 @@
 
 #include "app/model/Module.h"
 
-#include <QAbstractButton>
 #include <QWidget>
 #include <string>
 #include <vector>

@@ -90,10 +90,9 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
             constexpr int separatorHeight = 11;
             if (item->menuItemType == QStyleOptionMenuItem::Separator)
                 return {contents.width(), separatorHeight};
-            const int shortcut = item->reservedShortcutWidth;
-            const int gap = shortcut > 0 ? StyleParts::shortcutGap : 0;
-            return {contents.width() + shortcut + gap + 2 * StyleParts::menuItemPadding,
-                    Metric::menuItemHeight};
+            // The menu itself adds the shortcuts' width.
+            const int gap = item->text.contains(QLatin1Char('\t')) ? StyleParts::shortcutGap : 0;
+            return {contents.width() + gap + 2 * StyleParts::menuItemPadding, Metric::menuItemHeight};
         }
         return contents;
     case CT_LineEdit:
@@ -254,6 +253,8 @@ void Style::polish(QWidget* widget)
     QProxyStyle::polish(widget);
     if (qobject_cast<QPushButton*>(widget))
         widget->setAttribute(Qt::WA_Hover);
+    if (qobject_cast<QMenu*>(widget))
+        widget->setMinimumWidth(StyleParts::menuWidth);
     if (widget->inherits("QComboBoxPrivateContainer")) {
         QPalette palette;
         palette.setColor(QPalette::Base, Qt::transparent);

@@ -3,7 +3,6 @@
 #include "app/look/Surface.h"
 #include "app/look/Theme.h"
 
-#include <QBitmap>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>

@@ -1,19 +1,19 @@
 #pragma once
 
+#include <QRect>
+#include <QRegion>
+
 class QPainter;
-class QRectF;
 class QStyleOptionButton;
 class QStyleOptionMenuItem;
 class QStyleOptionSlider;
-
-#include <QRect>
-#include <QRegion>
 
 namespace zelta {
 
 /// How Style draws its larger pieces.
 namespace StyleParts {
 
+constexpr int menuWidth = 220; // at least
 constexpr int menuPadding = 5;
 constexpr int menuItemPadding = 10;
 constexpr int menuBarItemPadding = 8;

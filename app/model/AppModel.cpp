@@ -3,7 +3,6 @@
 #include "core/HistoryEntry.h"
 #include "core/UserDirectories.h"
 
-#include <QDir>
 #include <algorithm>
 #include <filesystem>
 #include <utility>

@@ -87,15 +87,17 @@ void DatePicker::openAt(QWidget& anchor, Instant date)
     m_anchor = &anchor;
     setDate(date);
     adjustSize();
+    // Where a month of six weeks has room, so that it stays in place while months are turned over.
+    const int tallest = height() + m_grid->heightToSixWeeks();
     const QRect room = window()->rect();
     const QRect place(anchor.mapTo(window(), QPoint()), anchor.size());
     const int below = place.bottom() + 1 + gap;
-    const int y = below + height() <= room.bottom() + 1 ? below : place.top() - gap - height();
-    const int x = std::min(place.left(), room.right() + 1 - width());
+    const int y = below + tallest <= room.bottom() + 1 ? below : place.top() - gap - tallest;
+    const int x = std::min(place.left(), room.right() + 1 - Metric::pagePadding - width());
     move(std::max(x, 0), std::max(y, 0));
     raise();
     show();
-    m_grid->focusSelected(Qt::PopupFocusReason);
+    m_grid->focusSelected();
     qApp->installEventFilter(this);
 }
 
@@ -116,7 +118,7 @@ bool DatePicker::isOutside(const QPoint& globalPosition) const
 void DatePicker::closeEvent(QCloseEvent* event)
 {
     if (m_anchor && m_anchor->isVisible() && isAncestorOf(window()->focusWidget()))
-        m_anchor->setFocus(Qt::PopupFocusReason);
+        m_anchor->setFocus();
     QWidget::closeEvent(event);
 }
 

@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <deque>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,8 +46,6 @@ public:
     [[nodiscard]] const Note& note() const { return m_note; }
     [[nodiscard]] bool canUndo() const { return !m_past.empty(); }
     [[nodiscard]] bool canRedo() const { return !m_future.empty(); }
-    /// The only paragraph stays.
-    [[nodiscard]] bool canRemove() const { return m_note.blocks.size() > 1; }
 
     /// Takes over what was typed into a paragraph; true when that changes the note.
     bool update(const ParagraphKey& key, std::string_view text, Instant now);

@@ -17,25 +17,8 @@ namespace zelta {
 namespace {
 
 constexpr int line = 1;
+constexpr int top = 4; // the corners are round: what scrolls keeps a little away from the card's top
 constexpr std::chrono::milliseconds flashTime {1400};
-
-/// The foot of the card, below a thin line while there is something above it.
-class Footer final : public QWidget
-{
-public:
-    using QWidget::QWidget;
-
-    bool hasLine = false;
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override
-    {
-        if (!hasLine)
-            return;
-        QPainter painter(this);
-        painter.fillRect(0, 0, width() + line, line, Theme::color(Theme::Token::divider));
-    }
-};
 
 } // namespace
 
@@ -43,23 +26,19 @@ NoteEditorPane::NoteEditorPane(Clock& clock, QWidget* parent)
     : Card(parent)
     , m_paragraphs(new ParagraphColumn(clock, this))
     , m_empty(new EmptyState("note.text", QStringLiteral("Nothing selected"),
-                             QStringLiteral("Pick a note on the left, or make a new one."), this))
+                             QStringLiteral("Pick a note on the left, or make a new one."), this, top))
     , m_footer(makeFooter(clock))
 {
-    // The corners are round, so what scrolls keeps a little away from the card's top.
-    constexpr int top = 4;
     constexpr int besideScrollBar = 3;
     layout()->setContentsMargins(line, top, besideScrollBar, line);
     content()->addWidget(m_paragraphs, 1);
     content()->addWidget(m_empty, 1);
     content()->addWidget(m_footer);
-    show(nullptr);
+    showNote(nullptr);
 }
 
-void NoteEditorPane::show(const Note* note)
+void NoteEditorPane::showNote(const Note* note)
 {
-    static_cast<Footer*>(m_footer)->hasLine = note != nullptr;
-    m_footer->update();
     m_paragraphs->setVisible(note != nullptr);
     m_empty->setVisible(note == nullptr);
     m_words->setVisible(note != nullptr);
@@ -67,7 +46,18 @@ void NoteEditorPane::show(const Note* note)
     if (note != nullptr)
         showWords(*note);
     layout()->activate(); // the paragraphs are laid out at the width that they get
-    m_paragraphs->show(note);
+    m_paragraphs->showNote(note);
+    update();
+}
+
+/// A thin line parts the paragraphs from the foot.
+void NoteEditorPane::paintEvent(QPaintEvent* event)
+{
+    Card::paintEvent(event);
+    if (m_paragraphs->isHidden())
+        return;
+    QPainter painter(this);
+    painter.fillRect(line, m_footer->y(), width() - 2 * line, line, Theme::color(Theme::Token::divider));
 }
 
 void NoteEditorPane::showWords(const Note& note)
@@ -81,7 +71,7 @@ QWidget* NoteEditorPane::makeFooter(Clock& clock)
     constexpr int right = 10;
     constexpr int vertical = 8;
     constexpr int gap = 12;
-    auto* footer = new Footer(this);
+    auto* footer = new QWidget(this);
     m_words = new Label({}, Theme::FontRole::caption, Theme::Token::textSecondary, footer);
     m_flash = new Flash(clock, flashTime, footer);
     m_add = new Button(QStringLiteral("Add paragraph"), "plus", footer);

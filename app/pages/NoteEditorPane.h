@@ -27,10 +27,13 @@ public:
     [[nodiscard]] Label* words() const { return m_words; }
 
     /// Shows the note with the paragraphs that it has now; nothing for none.
-    void show(const Note* note);
+    void showNote(const Note* note);
 
     /// Counts the note's words anew.
     void showWords(const Note& note);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QWidget* makeFooter(Clock& clock);

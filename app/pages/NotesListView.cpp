@@ -69,9 +69,9 @@ NotesListView::NotesListView(NoteListModel::Reader readNote, QWidget* parent)
     : Card(parent)
     , m_model(new NoteListModel(std::move(readNote), this))
     , m_noNotes(new EmptyState("note.text", QStringLiteral("No notes yet"),
-                               QStringLiteral("Make one and start writing."), this))
+                               QStringLiteral("Make one and start writing."), this, padding + line))
     , m_noMatches(new EmptyState("magnifier", QStringLiteral("No matches"),
-                                 QStringLiteral("Nothing here matches that search."), this))
+                                 QStringLiteral("Nothing here matches that search."), this, padding + line))
 {
     const auto choose = [this](const QModelIndex& index) {
         const QVariant id = index.data(NoteListModel::noteIdRole);

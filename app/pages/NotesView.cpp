@@ -223,7 +223,7 @@ void NotesView::showDraft()
 {
     m_toolbar->setSteps(m_draft && m_draft->canUndo(), m_draft && m_draft->canRedo());
     m_toolbar->setHasNote(m_draft.has_value());
-    m_pane->show(m_draft ? &m_draft->note() : nullptr);
+    m_pane->showNote(m_draft ? &m_draft->note() : nullptr);
 }
 
 void NotesView::undo()

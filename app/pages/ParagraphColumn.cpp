@@ -41,7 +41,7 @@ ParagraphColumn::ParagraphColumn(Clock& clock, QWidget* parent)
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ParagraphColumn::placeRows);
 }
 
-void ParagraphColumn::show(const Note* note)
+void ParagraphColumn::showNote(const Note* note)
 {
     std::vector<Row> rows;
     if (note != nullptr) {

@@ -28,7 +28,7 @@ public:
     explicit ParagraphColumn(Clock& clock, QWidget* parent = nullptr);
 
     /// Shows the note's paragraphs as they are now; nothing for none.
-    void show(const Note* note);
+    void showNote(const Note* note);
 
     /// Every row hands on what was typed.
     void publishNow();

@@ -119,6 +119,14 @@ void SelectableTextEditor::focusInEvent(QFocusEvent* event)
 void SelectableTextEditor::focusOutEvent(QFocusEvent* event)
 {
     QTextEdit::focusOutEvent(event);
+    // As in a field of one line: two selections on a page would say nothing of what is copied.
+    const Qt::FocusReason reason = event->reason();
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason
+        && reason != Qt::MenuBarFocusReason) {
+        QTextCursor cursor = textCursor();
+        cursor.clearSelection();
+        setTextCursor(cursor);
+    }
     Q_EMIT focusChanged(false);
 }
 

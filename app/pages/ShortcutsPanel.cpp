@@ -60,6 +60,7 @@ protected:
 ShortcutsPanel::ShortcutsPanel(QWidget* parent)
     : Card(QStringLiteral("Shortcuts"), "lightbulb.fill", parent)
 {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* grid = new QGridLayout;
     grid->setVerticalSpacing(6);
     grid->setHorizontalSpacing(14);

@@ -21,7 +21,7 @@ namespace zelta {
 
 namespace {
 
-constexpr int aboveButtons = 12;
+constexpr int aboveButtons = 15; // at the usual size the list ends between two lines
 constexpr int aboveLines = 4; // a line is taller than its text
 constexpr int textGap = 10;
 constexpr int barRoom = 16; // right of the texts, inside the card's padding

@@ -24,7 +24,6 @@
 #include <QPainter>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QVBoxLayout>
 #include <cstddef>
 #include <utility>
 

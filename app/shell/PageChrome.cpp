@@ -113,10 +113,13 @@ void PageChrome::focusEntry()
     const auto fields = m_module == Module::notes ? QList<QLineEdit*>() : findChildren<QLineEdit*>();
     const auto first
         = std::ranges::find_if(fields, [this](const QWidget* field) { return field->isVisibleTo(this); });
-    if (first != fields.end())
-        (*first)->setFocus(Qt::ShortcutFocusReason);
-    else
+    if (first == fields.end()) {
         setFocus();
+        return;
+    }
+    // Not as if by Tab: that would show focus rings to those who came by mouse.
+    (*first)->setFocus();
+    (*first)->selectAll();
 }
 
 void PageChrome::paintEvent(QPaintEvent* /*event*/)

@@ -95,10 +95,8 @@ TEST(NoteDraft, RedoBringsBackTheSameParagraph)
 TEST(NoteDraft, RemovesTheSecondOfTwo)
 {
     NoteDraft draft(noteOf({"a", "b"}));
-    EXPECT_TRUE(draft.canRemove());
     EXPECT_TRUE(draft.remove(1, later));
     EXPECT_EQ(texts(draft), Texts {"a"});
-    EXPECT_FALSE(draft.canRemove());
     EXPECT_EQ(draft.note().updatedAt, later);
 }
 
