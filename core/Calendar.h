@@ -55,7 +55,7 @@ private:
 };
 
 /// The time zone of this system now: $TZ when it names one, else the one that /etc/localtime points to,
-/// else "UTC". Read again at each call, so that a change shows at once.
+/// else "UTC". Read again at each call, so that another name shows at once.
 std::string systemTimeZoneId();
 
 } // namespace zelta

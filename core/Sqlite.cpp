@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <cassert>
+
 namespace zelta::sqlite {
 
 std::string StoreError::description() const
@@ -70,6 +72,7 @@ double Statement::real(int column) const
 
 void Connection::lock()
 {
+    assert(m_handle);
     sqlite3_mutex_enter(sqlite3_db_mutex(m_handle.get()));
 }
 

@@ -53,8 +53,9 @@ void createPrivateDirectories(const std::filesystem::path& directory)
         missing.push_back(path);
     for (; !missing.empty(); missing.pop_back()) {
         // False: another process was quicker, and the directory is its own.
+        std::error_code refusal; // some file systems know no permissions, and hold a database all the same
         if (create_directory(missing.back()))
-            permissions(missing.back(), std::filesystem::perms::owner_all);
+            permissions(missing.back(), std::filesystem::perms::owner_all, refusal);
     }
     if (!directory.empty() && !is_directory(directory))
         throw std::system_error(std::make_error_code(std::errc::not_a_directory));

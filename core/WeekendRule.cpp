@@ -40,14 +40,14 @@ WeekendRule WeekendRule::none()
 
 std::span<const WeekendRule::Preset> WeekendRule::presets()
 {
-    static const std::array<Preset, 6> all {{
+    static const auto all = std::to_array<Preset>({
         {"sat-sun", "Saturday & Sunday", satSun()},
         {"fri-sat", "Friday & Saturday (Gulf)", friSat()},
         {"fri-sun", "Friday & Sunday", friSun()},
         {"fri", "Friday only", friOnly()},
         {"sun", "Sunday only", sunOnly()},
         {"none", "No weekend (7-day week)", none()},
-    }};
+    });
     return all;
 }
 

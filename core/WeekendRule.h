@@ -25,7 +25,7 @@ struct WeekendRule
     static WeekendRule sunOnly();
     static WeekendRule none();
 
-    /// The six rules to choose from, in the order of the picker.
+    /// The rules to choose from, in the order of the picker.
     static std::span<const Preset> presets();
 
     /// The rule of the preset with exactly this id; Saturday and Sunday for an unknown one.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bit>
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 
@@ -29,6 +30,7 @@ inline constexpr auto powersOfTen = [] {
 /// 10^n, n in [0:38].
 constexpr UInt128 powerOfTen(int n)
 {
+    assert(n >= 0 && static_cast<std::size_t>(n) < powersOfTen.size());
     return powersOfTen[static_cast<std::size_t>(n)];
 }
 
@@ -97,11 +99,14 @@ public:
         : m_shift(128 - bitWidth(divisor))
         , m_divisor(divisor << m_shift)
         , m_reciprocal(reciprocal(m_divisor))
-    { }
+    {
+        assert(divisor != 0);
+    }
 
     /// The quotient fits 128 bits: the dividend's high half is below the divisor.
     [[nodiscard]] constexpr WideQuotient divide(UInt256 dividend) const
     {
+        assert(dividend.high < m_divisor >> m_shift);
         if (m_shift > 0)
             dividend
                 = {(dividend.high << m_shift) | (dividend.low >> (128 - m_shift)), dividend.low << m_shift};
@@ -122,6 +127,7 @@ private:
         const Int128 distance = error() >> 48;
         v += static_cast<std::uint64_t>(((distance << 64) + distance * v) >> 80);
         Int128 rest = error();
+        // The last unit: it has only ever been seen one too small.
         for (; rest < 0; rest += d)
             --v;
         for (; rest >= d; rest -= d)

@@ -128,10 +128,7 @@ void Button::paintSurface(QPainter& painter) const
     else if (m_look == Look::bordered)
         Surface::draw(painter, area, cornerRadius(), Theme::color(Theme::Token::button),
                       Theme::color(Theme::Token::buttonOutline));
-    if (isEnabled() && isDown())
-        Surface::drawPress(painter, area, cornerRadius(), Surface::Press::pressed);
-    else if (isEnabled() && underMouse())
-        Surface::drawPress(painter, area, cornerRadius(), Surface::Press::hovered);
+    Surface::drawPress(painter, area, cornerRadius(), Surface::pressOf(*this));
     if (focused && m_look == Look::destructive)
         Surface::drawOutline(painter, area.adjusted(2, 2, -2, -2), cornerRadius() - 2,
                              Theme::color(Theme::Token::onAccent), 2);

@@ -42,10 +42,7 @@ void CopyChip::paintEvent(QPaintEvent* /*event*/)
     const QRectF area = rect();
     Surface::draw(painter, area, radius, Theme::color(Theme::Token::inset),
                   Theme::color(Theme::Token::outline));
-    Surface::drawPress(painter, area, radius,
-                       isDown()           ? Surface::Press::pressed
-                           : underMouse() ? Surface::Press::hovered
-                                          : Surface::Press::none);
+    Surface::drawPress(painter, area, radius, Surface::pressOf(*this));
 
     const QColor ink = Theme::ink(m_tint);
     const QRect content = rect().adjusted(padding, 0, -padding, 0);

@@ -22,13 +22,6 @@ void addCopyEntry(QMenu& menu, const QString& text)
     menu.addAction(QStringLiteral("Copy “%1”").arg(text), &menu, [text] { copyText(text); });
 }
 
-Surface::Press pressOf(const QAbstractButton& button)
-{
-    if (button.isDown())
-        return Surface::Press::pressed;
-    return button.underMouse() ? Surface::Press::hovered : Surface::Press::none;
-}
-
 } // namespace
 
 DayTile::DayTile(Look look, QWidget* parent)
@@ -122,7 +115,7 @@ void DayTile::paintPageTile(QPainter& painter) const
     painter.setOpacity(m_cell.inPeriod ? 1 : outsideOpacity);
     Surface::draw(painter, area, Metric::rowRadius,
                   Theme::color(m_cell.isWeekend ? Theme::Token::tileWeekend : Theme::Token::tileWorkday));
-    Surface::drawPress(painter, area, Metric::rowRadius, pressOf(*this));
+    Surface::drawPress(painter, area, Metric::rowRadius, Surface::pressOf(*this));
     Theme::Token ink = m_cell.isWeekend ? Theme::Token::textSecondary : Theme::Token::text;
     if (m_cell.isToday) {
         QRectF disc(0, 0, circle, circle);
@@ -158,7 +151,7 @@ void DayTile::paintPickerDay(QPainter& painter) const
         ink = Theme::color(Theme::Token::onAccent);
         Surface::draw(painter, area, Metric::controlRadius, Theme::fill(Module::duration));
     }
-    Surface::drawPress(painter, area, Metric::controlRadius, pressOf(*this));
+    Surface::drawPress(painter, area, Metric::controlRadius, Surface::pressOf(*this));
     painter.setPen(ink);
     painter.setFont(font);
     painter.drawText(area, Qt::AlignCenter, QString::number(m_cell.dayNumber));

@@ -7,7 +7,7 @@
 namespace zelta {
 
 /// One day of a month: a click selects it, its context menu copies its date. Its tool tip and accessible name
-/// is the whole date. Only the selected day can take the focus, so that a month is one tab stop.
+/// is the whole date. A selected day takes the focus by Tab, the others only when they are given it.
 class DayTile : public QAbstractButton
 {
     Q_OBJECT

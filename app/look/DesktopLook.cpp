@@ -33,7 +33,6 @@ DesktopLook::DesktopLook(QApplication& application)
     const QFont menu = Theme::font(Theme::FontRole::menu);
     QApplication::setFont(menu, "QMenuBar");
     QApplication::setFont(menu, "QMenu");
-    QApplication::setFont(Theme::font(Theme::FontRole::control), "QPushButton");
     QToolTip::setFont(Theme::font(Theme::FontRole::caption));
     apply();
     application.installEventFilter(this);

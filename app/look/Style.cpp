@@ -5,8 +5,6 @@
 #include "app/look/SymbolIconEngine.h"
 #include "app/look/Theme.h"
 
-#include <QApplication>
-#include <QFontMetrics>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
@@ -41,13 +39,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
         return Metric::scrollBarWidth;
     case PM_SplitterWidth:
         return 1;
-    case PM_LineEditIconSize:
-        return 16;
     case PM_ToolTipLabelFrameWidth:
         return 5;
-    case PM_ButtonShiftHorizontal:
-    case PM_ButtonShiftVertical:
-        return 0;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -97,10 +90,6 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
         return contents;
     case CT_LineEdit:
         return {contents.width(), Metric::fieldHeight};
-    case CT_PushButton: {
-        constexpr int padding = 13;
-        return {contents.width() + 2 * padding, Metric::buttonHeight};
-    }
     default:
         return QProxyStyle::sizeFromContents(type, option, contents, widget);
     }
@@ -149,8 +138,6 @@ QRect Style::subElementRect(SubElement element, const QStyleOption* option, cons
 
 QIcon Style::standardIcon(StandardPixmap pixmap, const QStyleOption* option, const QWidget* widget) const
 {
-    if (pixmap == SP_LineEditClearButton)
-        return symbolIcon("cross-circle-filled", Token::textSecondary);
     // Every menu bar asks for it at once, and for Qt's own picture the readers of all image formats are
     // loaded.
     if (pixmap == SP_ToolBarHorizontalExtensionButton)
@@ -167,7 +154,6 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         return;
     case PE_FrameMenu:
     case PE_PanelMenuBar:
-    case PE_FrameStatusBarItem:
     case PE_FrameLineEdit:
         return;
     case PE_PanelTipLabel:
@@ -217,12 +203,6 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     case CE_MenuHMargin:
     case CE_MenuVMargin:
         return;
-    case CE_PushButtonBevel:
-        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
-            StyleParts::drawPushButton(*painter, *button);
-            return;
-        }
-        break;
     case CE_Splitter:
         painter->fillRect(option->rect, Theme::color(Token::outline));
         return;

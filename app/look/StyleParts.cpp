@@ -15,15 +15,6 @@ using Theme::Token;
 
 namespace {
 
-Surface::Press pressOf(QStyle::State state)
-{
-    if (!state.testFlag(QStyle::State_Enabled))
-        return Surface::Press::none;
-    if (state.testFlag(QStyle::State_Sunken))
-        return Surface::Press::pressed;
-    return state.testFlag(QStyle::State_MouseOver) ? Surface::Press::hovered : Surface::Press::none;
-}
-
 constexpr int textFlags = Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextHideMnemonic;
 
 } // namespace
@@ -90,13 +81,6 @@ void drawField(QPainter& painter, const QRect& rect, bool focused)
                   Theme::color(Token::fieldOutline));
     if (focused)
         Surface::drawFocusRing(painter, rect, Metric::controlRadius);
-}
-
-void drawPushButton(QPainter& painter, const QStyleOptionButton& option)
-{
-    Surface::draw(painter, option.rect, Metric::controlRadius, Theme::color(Token::button),
-                  Theme::color(Token::buttonOutline));
-    Surface::drawPress(painter, option.rect, Metric::controlRadius, pressOf(option.state));
 }
 
 QRect scrollHandle(const QStyleOptionSlider& option)

@@ -4,7 +4,6 @@
 #include <QRegion>
 
 class QPainter;
-class QStyleOptionButton;
 class QStyleOptionMenuItem;
 class QStyleOptionSlider;
 
@@ -27,7 +26,6 @@ void drawMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& option);
 void drawMenuItem(QPainter& painter, const QStyleOptionMenuItem& option);
 void drawTip(QPainter& painter, const QRect& rect);
 void drawField(QPainter& painter, const QRect& rect, bool focused);
-void drawPushButton(QPainter& painter, const QStyleOptionButton& option);
 
 /// The handle of a scroll bar, and where it lies: as long as its share of the track, at least a thumb's
 /// length.

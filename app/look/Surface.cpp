@@ -2,6 +2,7 @@
 
 #include "app/look/Theme.h"
 
+#include <QAbstractButton>
 #include <QPainter>
 #include <QWidget>
 
@@ -46,6 +47,15 @@ void drawPress(QPainter& painter, const QRectF& rect, double radius, Press press
         return;
     draw(painter, rect, radius,
          Theme::color(press == Press::pressed ? Theme::Token::pressed : Theme::Token::hover));
+}
+
+Press pressOf(const QAbstractButton& button)
+{
+    if (!button.isEnabled())
+        return Press::none;
+    if (button.isDown())
+        return Press::pressed;
+    return button.underMouse() ? Press::hovered : Press::none;
 }
 
 bool showsFocus(const QWidget& widget)

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QRectF>
 
+class QAbstractButton;
 class QPainter;
 class QWidget;
 
@@ -25,6 +26,9 @@ enum class Press { none, hovered, pressed };
 
 /// Shades what is already painted, so that it works on every fill.
 void drawPress(QPainter& painter, const QRectF& rect, double radius, Press press);
+
+/// What the mouse or the keyboard does to a button at the moment; nothing to a disabled one.
+Press pressOf(const QAbstractButton& button);
 
 /// Whether the ring is due: the widget has the focus, and the focus came by Tab, Backtab or a shortcut.
 bool showsFocus(const QWidget& widget);

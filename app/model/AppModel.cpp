@@ -64,6 +64,12 @@ Calendar AppModel::calendar() const
     return CalendarKit::calendar(timeZoneIdentifier());
 }
 
+DateOptions AppModel::dateOptions() const
+{
+    return {
+        .includeEndDate = false, .weekendRule = weekendRule(), .timeZoneIdentifier = timeZoneIdentifier()};
+}
+
 Instant AppModel::today() const
 {
     return CalendarKit::startOfDay(m_clock.now(), calendar());

@@ -3,6 +3,7 @@
 #include "app/model/Clock.h"
 #include "app/model/Module.h"
 #include "core/CalendarKit.h"
+#include "core/DateOptions.h"
 #include "core/Instant.h"
 #include "core/ResultRow.h"
 #include "core/Store.h"
@@ -13,7 +14,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace zelta {
@@ -51,6 +51,8 @@ public:
     [[nodiscard]] std::string timeZoneIdentifier() const;
     /// The calendar of every date computation, in the system's current time zone.
     [[nodiscard]] Calendar calendar() const;
+    /// The zone and the weekend of this moment.
+    [[nodiscard]] DateOptions dateOptions() const;
     /// The first moment of the current civil day.
     [[nodiscard]] Instant today() const;
     /// Time of day in the user's clock format, without seconds: "9:05 AM" or "09:05".

@@ -191,16 +191,9 @@ bool CalendarPageView::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
-DateOptions CalendarPageView::options() const
-{
-    return {.includeEndDate = false,
-            .weekendRule = m_model.weekendRule(),
-            .timeZoneIdentifier = m_model.timeZoneIdentifier()};
-}
-
 void CalendarPageView::step(int months)
 {
-    m_cursor.step(months, options());
+    m_cursor.step(months, m_model.dateOptions());
     refresh();
 }
 
@@ -218,13 +211,13 @@ void CalendarPageView::select(Instant day)
 
 void CalendarPageView::moveSelected(int days)
 {
-    m_cursor.moveSelected(days, options());
+    m_cursor.moveSelected(days, m_model.dateOptions());
     refresh();
 }
 
 void CalendarPageView::refresh()
 {
-    const DateOptions current = options();
+    const DateOptions current = m_model.dateOptions();
     const Calendar calendar = current.calendar();
     m_title->setText(toQt(CalendarGrid::title(m_cursor.anchor, current)));
     m_summary->setText(toQt(current.weekendRule.summary()));

@@ -2,7 +2,6 @@
 
 #include "app/model/Clock.h"
 #include "app/pages/MonthCursor.h"
-#include "core/DateOptions.h"
 
 #include <QWidget>
 #include <functional>
@@ -39,7 +38,6 @@ private:
     QWidget* makeSelectedDayCard();
     std::function<void()> actionForKey(const QKeyEvent& event);
 
-    [[nodiscard]] DateOptions options() const;
     void step(int months);
     void goToToday();
     void select(Instant day);

@@ -51,7 +51,7 @@ DatePicker::DatePicker(AppModel& model, QWidget& owner)
     connect(m_grid, &MonthGrid::moveRequested, this, [this](const DayCell& from, int days) {
         pick([this, &from, days](MonthCursor& cursor) {
             cursor.goTo(from.date);
-            cursor.moveSelected(days, options());
+            cursor.moveSelected(days, m_model.dateOptions());
         });
     });
     // Who goes on elsewhere has done with it.
@@ -177,19 +177,12 @@ void DatePicker::paintEvent(QPaintEvent* /*event*/)
                   Theme::color(Theme::Token::outline));
 }
 
-DateOptions DatePicker::options() const
-{
-    return {.includeEndDate = false,
-            .weekendRule = m_model.weekendRule(),
-            .timeZoneIdentifier = m_model.timeZoneIdentifier()};
-}
-
 /// Moves the date and tells of it. False, and nothing changes, outside of the years that can be typed.
 bool DatePicker::pick(const std::function<void(MonthCursor&)>& move)
 {
     MonthCursor moved = m_cursor;
     move(moved);
-    if (options().calendar().civilDay(moved.selected).year > lastYear)
+    if (m_model.dateOptions().calendar().civilDay(moved.selected).year > lastYear)
         return false;
     m_cursor = moved;
     refresh();
@@ -200,15 +193,15 @@ bool DatePicker::pick(const std::function<void(MonthCursor&)>& move)
 void DatePicker::moveByMonth(int months)
 {
     pick([this, months](MonthCursor& cursor) {
-        cursor.goTo(CalendarGrid::shift(cursor.selected, months, options()));
+        cursor.goTo(CalendarGrid::shift(cursor.selected, months, m_model.dateOptions()));
     });
 }
 
 /// Turning over the month picks nothing: the date stays until a day is chosen.
 void DatePicker::step(int months)
 {
-    const Instant shown = CalendarGrid::shift(m_cursor.anchor, months, options());
-    if (options().calendar().civilDay(shown).year > lastYear)
+    const Instant shown = CalendarGrid::shift(m_cursor.anchor, months, m_model.dateOptions());
+    if (m_model.dateOptions().calendar().civilDay(shown).year > lastYear)
         return;
     m_cursor.anchor = shown;
     refresh();
@@ -216,7 +209,7 @@ void DatePicker::step(int months)
 
 void DatePicker::refresh()
 {
-    const DateOptions current = options();
+    const DateOptions current = m_model.dateOptions();
     const Calendar calendar = current.calendar();
     m_title->setText(toQt(CalendarGrid::title(m_cursor.anchor, current)));
     m_grid->showMonth(CalendarGrid::month(m_cursor.anchor, current, m_model.today()),

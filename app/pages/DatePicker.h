@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/pages/MonthCursor.h"
-#include "core/DateOptions.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -49,7 +48,6 @@ protected:
 
 private:
     QLayout* makeHead();
-    [[nodiscard]] DateOptions options() const;
     [[nodiscard]] bool isOutside(const QPoint& globalPosition) const;
     bool pick(const std::function<void(MonthCursor&)>& move);
     void moveByMonth(int months);

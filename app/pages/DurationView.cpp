@@ -135,9 +135,8 @@ void DurationView::setQuickSpan(int days)
 
 void DurationView::recompute()
 {
-    const DateOptions options {.includeEndDate = m_includeEndDate->isChecked(),
-                               .weekendRule = m_model.weekendRule(),
-                               .timeZoneIdentifier = m_model.timeZoneIdentifier()};
+    DateOptions options = m_model.dateOptions();
+    options.includeEndDate = m_includeEndDate->isChecked();
     const Calendar calendar = options.calendar();
     const Instant start = m_start->date();
     const Instant end = m_end->date();

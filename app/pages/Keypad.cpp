@@ -44,10 +44,7 @@ void KeypadKey::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     Surface::draw(painter, rect(), Metric::keyRadius, Theme::color(m_face.fill));
-    if (isDown())
-        Surface::drawPress(painter, rect(), Metric::keyRadius, Surface::Press::pressed);
-    else if (underMouse())
-        Surface::drawPress(painter, rect(), Metric::keyRadius, Surface::Press::hovered);
+    Surface::drawPress(painter, rect(), Metric::keyRadius, Surface::pressOf(*this));
 
     const QColor ink = Theme::color(m_face.ink);
     if (!m_face.symbol.empty())

@@ -72,10 +72,7 @@ QSize TapeLine::minimumSizeHint() const
 void TapeLine::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    if (isDown())
-        Surface::drawPress(painter, rect(), Metric::controlRadius, Surface::Press::pressed);
-    else if (underMouse())
-        Surface::drawPress(painter, rect(), Metric::controlRadius, Surface::Press::hovered);
+    Surface::drawPress(painter, rect(), Metric::controlRadius, Surface::pressOf(*this));
 
     const QRect texts(bleed, 0, m_textWidth, height());
     const QFont font = Theme::font(Theme::FontRole::body);

@@ -1,8 +1,8 @@
 #include "app/shell/PageChrome.h"
 
+#include "app/components/Flash.h"
 #include "app/components/Label.h"
 #include "app/components/ModuleGlyph.h"
-#include "app/components/SymbolIcon.h"
 #include "app/look/Surface.h"
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
@@ -147,33 +147,20 @@ QWidget* PageChrome::makeHeader(QWidget* column)
     texts->addStretch(1);
     layout->addLayout(texts, 1);
 
-    layout->addWidget(makeMessage(header));
-    return header;
-}
-
-QWidget* PageChrome::makeMessage(QWidget* header)
-{
-    m_message = new QWidget(header);
-    auto* layout = new QHBoxLayout(m_message);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(6);
-    layout->addWidget(new SymbolIcon("checkmark", 14, Theme::Token::upInk, m_message));
-    m_messageText = new Label(QStringLiteral("Saved to history"), Theme::FontRole::captionMedium,
-                              Theme::Token::upInk, m_message);
-    layout->addWidget(m_messageText);
+    m_message = new Flash(m_model.clock(), {}, header); // the model times it
     // Its place is kept from the start, so that the message moves nothing.
-    QSizePolicy policy = m_message->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    m_message->setSizePolicy(policy);
-    return m_message;
+    m_message->hold(QStringLiteral("Saved to history"));
+    m_message->clear();
+    layout->addWidget(m_message);
+    return header;
 }
 
 void PageChrome::showMessage()
 {
-    const auto& message = m_model.lastSaveMessage();
-    if (message)
-        m_messageText->setText(toQt(*message));
-    m_message->setVisible(message.has_value());
+    if (const auto& message = m_model.lastSaveMessage())
+        m_message->hold(toQt(*message));
+    else
+        m_message->clear();
 }
 
 } // namespace zelta

@@ -7,6 +7,7 @@
 namespace zelta {
 
 class AppModel;
+class Flash;
 class Label;
 
 /// The frame of every page: badge, title and subtitle above the page's own content, in a column of limited
@@ -28,7 +29,6 @@ protected:
 
 private:
     QWidget* makeHeader(QWidget* column);
-    QWidget* makeMessage(QWidget* header);
     void showMessage();
 
     Module m_module;
@@ -36,8 +36,7 @@ private:
     QWidget* m_content;
     QWidget* m_column;
     Label* m_subtitle = nullptr;
-    QWidget* m_message = nullptr;
-    Label* m_messageText = nullptr;
+    Flash* m_message = nullptr;
 };
 
 } // namespace zelta

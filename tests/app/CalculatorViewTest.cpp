@@ -7,7 +7,7 @@
 #include "app/pages/Keypad.h"
 #include "app/pages/ShortcutsPanel.h"
 #include "app/pages/TapePanel.h"
-#include "tests/app/support/TestModel.h"
+#include "tests/app/support/CalculatorStage.h"
 
 #include <gtest/gtest.h>
 
@@ -16,8 +16,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QTest>
 #include <algorithm>
 
@@ -25,75 +23,7 @@ namespace zelta {
 namespace {
 
 using namespace std::chrono_literals;
-
-/// The page in a window of its own.
-struct Stage
-{
-    test::TestModel test;
-    CalculatorView page;
-
-    Stage()
-        : page(test.model)
-    {
-        QGuiApplication::clipboard()->clear();
-        page.resize(800, 760);
-        page.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&page));
-    }
-
-    /// Types characters; "\r" is Return.
-    void type(const char* text)
-    {
-        for (const char* c = text; *c != '\0'; ++c) {
-            if (*c == '\r')
-                QTest::keyClick(&page, Qt::Key_Return);
-            else
-                QTest::sendKeyEvent(QTest::Click, &page, Qt::Key_unknown, QString(QLatin1Char(*c)),
-                                    Qt::NoModifier);
-        }
-    }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&page, key, modifiers); }
-
-    std::string display() const { return toUtf8(page.findChild<CalculatorDisplay*>()->number()); }
-    std::string clipboard() const { return toUtf8(QGuiApplication::clipboard()->text()); }
-    std::string flash() const { return toUtf8(page.findChild<Flash*>()->text()); }
-    TapePanel* tape() const { return page.findChild<TapePanel*>(); }
-    CalculatorDisplay* screen() const { return page.findChild<CalculatorDisplay*>(); }
-
-    std::vector<TapeLine*> lines() const
-    {
-        std::vector<TapeLine*> shown;
-        for (TapeLine* line : page.findChildren<TapeLine*>()) {
-            if (line->isVisible())
-                shown.push_back(line);
-        }
-        std::ranges::sort(shown, {}, [](const TapeLine* line) { return line->y(); });
-        return shown;
-    }
-    QAbstractButton* button(const char* name) const
-    {
-        for (QAbstractButton* candidate : page.findChildren<QAbstractButton*>()) {
-            if (candidate->accessibleName() == toQt(name) || candidate->text() == toQt(name))
-                return candidate;
-        }
-        return nullptr;
-    }
-    bool shows(const char* text) const
-    {
-        const auto labels = page.findChildren<QLabel*>();
-        return std::ranges::any_of(
-            labels, [&](const QLabel* label) { return label->isVisible() && label->text() == toQt(text); });
-    }
-    static QAction* action(const QWidget* owner, const char* text)
-    {
-        for (QAction* candidate : owner->actions()) {
-            if (candidate->text() == toQt(text))
-                return candidate;
-        }
-        return nullptr;
-    }
-    std::vector<HistoryEntry> history() { return test.model.store().history(500); }
-};
+using Stage = test::CalculatorStage;
 
 QKeyEvent press(int key, const char* text, Qt::KeyboardModifiers modifiers = {})
 {
@@ -353,85 +283,6 @@ TEST(CalculatorHistory, IsNotWrittenByItself)
     EXPECT_TRUE(stage.history().empty());
 }
 
-TEST(CalculatorTapePanel, SaysWhatItIsForWhileEmpty)
-{
-    const Stage stage;
-    EXPECT_TRUE(stage.shows(
-        "Completed calculations appear here. Click one to bring its result back into the display."));
-    EXPECT_TRUE(stage.lines().empty());
-    EXPECT_FALSE(stage.button("Copy tape")->isEnabled());
-    EXPECT_FALSE(stage.button("Clear tape")->isEnabled());
-    EXPECT_TRUE(stage.button("Save to history")->isEnabled());
-    EXPECT_FALSE(Stage::action(stage.tape(), "Copy tape")->isEnabled());
-    EXPECT_FALSE(Stage::action(stage.tape(), "Clear tape")->isEnabled());
-}
-
-TEST(CalculatorTapePanel, ListsNewestFirst)
-{
-    Stage stage;
-    stage.type("12+3\r1200*3\r");
-    const auto lines = stage.lines();
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0]->accessibleName(), QStringLiteral("1,200 × 3 = 3,600"));
-    EXPECT_EQ(lines[0]->toolTip(), QStringLiteral("Use 3,600"));
-    EXPECT_EQ(lines[1]->accessibleName(), QStringLiteral("12 + 3 = 15"));
-    Q_EMIT stage.button("Copy tape")->clicked();
-    EXPECT_EQ(stage.clipboard(), "1,200 × 3 = 3,600\n12 + 3 = 15");
-}
-
-TEST(CalculatorTapePanel, BringsBackAllDigitsOfAResult)
-{
-    Stage stage;
-    stage.type("1/3\rc0*");
-    QTest::mouseClick(stage.lines().front(), Qt::LeftButton);
-    EXPECT_EQ(stage.display(), "0.3333333333");
-    EXPECT_EQ(stage.page.calculator().value(), 1_dec / 3_dec);
-    stage.type("c5+");
-    QTest::mouseClick(stage.lines().front(), Qt::LeftButton);
-    stage.type("\r");
-    EXPECT_EQ(stage.display(), "5.3333333333") << "the pending operation survives";
-}
-
-TEST(CalculatorTapePanel, CopiesALineFromItsMenu)
-{
-    Stage stage;
-    stage.type("1200*3\r");
-    const TapeLine* line = stage.lines().front();
-    EXPECT_EQ(line->contextMenuPolicy(), Qt::ActionsContextMenu);
-    Stage::action(line, "Copy result")->trigger();
-    EXPECT_EQ(stage.clipboard(), "3,600");
-    Stage::action(line, "Copy line")->trigger();
-    EXPECT_EQ(stage.clipboard(), "1,200 × 3 = 3,600");
-    EXPECT_EQ(stage.display(), "3,600");
-}
-
-TEST(CalculatorTapePanel, IsClearedOnRequest)
-{
-    Stage stage;
-    stage.type("1+1\r");
-    Q_EMIT stage.button("Clear tape")->clicked();
-    EXPECT_TRUE(stage.lines().empty());
-    EXPECT_EQ(stage.display(), "2");
-    EXPECT_FALSE(stage.button("Clear tape")->isEnabled());
-    stage.type("\r");
-    EXPECT_EQ(stage.lines().size(), 1U);
-}
-
-TEST(CalculatorTapePanel, KeepsFortyLinesAndScrollsToTheNewest)
-{
-    Stage stage;
-    stage.type("1+1\r");
-    for (int i = 0; i < 45; ++i)
-        stage.type("\r");
-    EXPECT_EQ(stage.lines().size(), 40U);
-    auto* area = stage.tape()->findChild<QScrollArea*>();
-    QTRY_VERIFY(area->verticalScrollBar()->maximum() > 0);
-    area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
-    stage.type("\r");
-    EXPECT_EQ(area->verticalScrollBar()->value(), 0);
-    EXPECT_EQ(stage.lines().front()->accessibleName(), QStringLiteral("47 + 1 = 48"));
-}
-
 TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
 {
     CalculatorDisplay display;
@@ -449,42 +300,6 @@ TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
     EXPECT_NE(label->text(), longest);
     EXPECT_EQ(display.toolTip(), longest);
     EXPECT_EQ(display.number(), longest);
-}
-
-TEST(CalculatorTapePanel, IsReachedByTabFromTheKeysLineByLineThenItsButtons)
-{
-    Stage stage;
-    stage.type("1+1\r\r");
-    stage.button("Equals")->setFocus();
-    QStringList stops;
-    for (int i = 0; i < 5; ++i) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        const auto* stop = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
-        ASSERT_NE(stop, nullptr);
-        stops += stop->accessibleName().isEmpty() ? stop->text() : stop->accessibleName();
-    }
-    EXPECT_EQ(toUtf8(stops.join(QStringLiteral("; "))),
-              "2 + 1 = 3; 1 + 1 = 2; Copy tape; Save to history; Clear tape");
-}
-
-TEST(CalculatorTapePanel, KeepsTheFocusWhenItIsCleared)
-{
-    Stage stage;
-    for (const bool isOnLine : {false, true}) {
-        stage.type("1+1\r");
-        (isOnLine ? stage.lines().front() : stage.button("Clear tape"))->setFocus();
-        stage.button("Clear tape")->click();
-        EXPECT_EQ(QApplication::focusWidget(), stage.button("Save to history")) << isOnLine;
-    }
-}
-
-TEST(CalculatorTapePanel, MovesTheFocusToTheNewestLine)
-{
-    Stage stage;
-    stage.type("1+1\r\r\r");
-    stage.lines().back()->setFocus();
-    stage.type("\r");
-    EXPECT_EQ(QApplication::focusWidget(), stage.lines().front());
 }
 
 TEST(CalculatorShortcuts, AreListed)

@@ -6,7 +6,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QListView>
-#include <QScrollBar>
 
 namespace zelta {
 namespace {
@@ -326,134 +325,6 @@ TEST_F(NotesViewTest, DeletesAfterAQuestion)
     EXPECT_EQ(flash(), "Note deleted");
 }
 
-TEST_F(NotesViewTest, ClickingARowOpensItAndForgetsTheSteps)
-{
-    const std::int64_t older = add({"older"}, 1h);
-    add({"newer"});
-    open();
-    page->appendBlock();
-    ASSERT_TRUE(page->draft()->canUndo());
-    QListView* list = page->list()->list();
-    const auto click = [list](int row) {
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                          list->visualRect(list->model()->index(row, 0)).center());
-    };
-    click(1);
-    EXPECT_FALSE(page->draft()->canUndo()) << "a click on the open note opens it anew";
-    EXPECT_EQ(shown(), (Texts {"newer", ""}));
-    click(2);
-    EXPECT_EQ(page->selectedID(), older);
-    list->setFocus();
-    QTest::keyClick(list, Qt::Key_Up);
-    EXPECT_EQ(shown(), (Texts {"newer", ""}));
-    QTest::keyClick(list, Qt::Key_Up);
-    EXPECT_EQ(shown(), (Texts {"newer", ""})) << "a heading is no note";
-}
-
-TEST_F(NotesViewTest, AClickOpensTheRowBelowThePointerThoughSavingMovesTheRows)
-{
-    add({"alpha"});
-    add({"bravo"}, 24h);
-    const std::int64_t charlie = add({"charlie"}, 48h);
-    const std::int64_t delta = add({"delta"}, 72h);
-    open();
-    page->open(delta);
-    type(0, QStringLiteral("!"));
-    QListView* list = page->list()->list();
-    const QRect row = list->visualRect(page->list()->model().indexOf(charlie));
-    // A second press and a hand that shakes mean no other note.
-    QTest::mousePress(list->viewport(), Qt::LeftButton, {}, row.center());
-    QMouseEvent shake(QEvent::MouseMove, row.center() + QPoint(0, 1), list->mapToGlobal(row.center()),
-                      Qt::NoButton, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(list->viewport(), &shake);
-    QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, row.center());
-    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, row.center());
-    EXPECT_EQ(shown(), Texts {"charlie"});
-    EXPECT_EQ(list->currentIndex(), page->list()->model().indexOf(charlie));
-    EXPECT_EQ(list->selectionModel()->selectedIndexes(), QModelIndexList {list->currentIndex()});
-}
-
-TEST_F(NotesViewTest, AClickOnAHeadingMovesNothing)
-{
-    for (int i = 0; i < 60; ++i)
-        add({"note"}, 24h * i);
-    open();
-    QListView* list = page->list()->list();
-    list->scrollToBottom();
-    const int place = list->verticalScrollBar()->value();
-    ASSERT_GT(place, 0);
-    const NoteListModel& model = page->list()->model();
-    for (int row = 0; row < model.rowCount(); ++row) {
-        const QRect area = list->visualRect(model.index(row));
-        if (model.index(row).data(NoteListModel::isHeadingRole).toBool() && area.top() > 0)
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, area.center());
-    }
-    EXPECT_EQ(list->verticalScrollBar()->value(), place);
-}
-
-TEST_F(NotesViewTest, AFocusInAParagraphTakesNoWordsAlong)
-{
-    const std::int64_t apple = add({"apple", "red"}, 1h);
-    add({"pear", "green"});
-    open();
-    rows()[0]->editor()->setFocus();
-    search(QStringLiteral("apple"));
-    EXPECT_EQ(shown(), (Texts {"apple", "red"}));
-    EXPECT_TRUE(page->list()->list()->hasFocus()) << "not in another part of the window";
-    type(1, QStringLiteral("!"));
-    test.clock.advance(1s);
-    EXPECT_EQ(stored(apple), (Texts {"apple", "red!"}));
-
-    rows()[0]->editor()->setFocus();
-    page->carryOutDelete(apple);
-    EXPECT_TRUE(page->toolbar()->newNote->hasFocus()) << "nothing is listed";
-}
-
-TEST_F(NotesViewTest, RemovingTheParagraphWithTheFocusTakesNoOtherAlong)
-{
-    Texts texts;
-    for (int i = 0; i < 100; ++i)
-        texts.push_back("paragraph " + std::to_string(i));
-    const std::int64_t id = add(texts);
-    open();
-    rows()[2]->editor()->setFocus();
-    rows()[2]->removeButton()->click();
-    texts.erase(texts.begin() + 2);
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        page->pane()->paragraphs()->focusParagraph(i); // makes its editor
-    EXPECT_EQ(shown(), texts);
-    test.clock.advance(1s);
-    EXPECT_EQ(stored(id), texts);
-}
-
-TEST_F(NotesViewTest, WhatIsInSightStaysWhileParagraphsComeAndGo)
-{
-    add(Texts(14, "one\ntwo\nthree"));
-    open();
-    QScrollBar* bar = page->pane()->paragraphs()->verticalScrollBar();
-    bar->setValue(60);
-    const auto top = [&](std::size_t row) { return rows()[row]->mapTo(page.get(), QPoint()).y(); };
-    const int before = top(1);
-    page->removeBlock(5);
-    EXPECT_EQ(top(1), before);
-    page->undo();
-    EXPECT_EQ(top(1), before);
-    bar->setValue(200);
-    const int inSight = top(3);
-    page->removeBlock(0);
-    EXPECT_EQ(top(2), inSight) << "what is above goes";
-}
-
-TEST_F(NotesViewTest, AStepBackKeepsTheFocusInTheNote)
-{
-    add({"one", "two"});
-    open();
-    page->appendBlock();
-    ASSERT_TRUE(rows()[2]->editor()->hasFocus());
-    page->undo();
-    EXPECT_TRUE(rows()[1]->editor()->hasFocus());
-}
-
 TEST_F(NotesViewTest, ARowTellsTitlePreviewAndDate)
 {
     add({"  Title \nline two", "more"});
@@ -490,32 +361,6 @@ TEST_F(NotesViewTest, AChangeMovesANoteToItsNewGroup)
     test.clock.advance(950ms);
     EXPECT_EQ(listed(), (Texts {"Today", "new", "old!"}));
     EXPECT_EQ(page->list()->list()->currentIndex().row(), 2);
-}
-
-TEST_F(NotesViewTest, TabGoesThroughThePageInOrder)
-{
-    add({"a", "b"});
-    open();
-    NotesToolbar& tools = *page->toolbar();
-    page->appendBlock();
-    const std::vector<QWidget*> order {tools.newNote,
-                                       tools.search,
-                                       page->list()->list(),
-                                       tools.undo,
-                                       tools.copy,
-                                       tools.remove,
-                                       rows()[0]->editor(),
-                                       rows()[0]->removeButton(),
-                                       rows()[1]->editor(),
-                                       rows()[1]->removeButton(),
-                                       rows()[2]->editor(),
-                                       rows()[2]->removeButton(),
-                                       page->pane()->addButton()};
-    tools.newNote->setFocus();
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        EXPECT_EQ(QApplication::focusWidget(), order[i]) << "stop " << i;
-    }
 }
 
 } // namespace

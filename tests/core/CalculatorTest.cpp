@@ -347,6 +347,7 @@ TEST(CalculatorError, IsResetByDigitPointBackspaceAndClear)
     EXPECT_EQ(displayAfter("7/0=4"), "4");
     EXPECT_EQ(displayAfter("7/0=4="), "4") << "nothing is pending any more";
     EXPECT_EQ(displayAfter("7/0=."), "0.");
+    EXPECT_EQ(displayAfter("7/0=.5="), "0.5") << "nor after a point";
     EXPECT_EQ(displayAfter("7/0=<"), "0");
     EXPECT_EQ(displayAfter("7/0=<2="), "2");
     EXPECT_EQ(displayAfter("7/0=C"), "0");

@@ -118,6 +118,8 @@ public:
 
     int integer(int low, int high) { return std::uniform_int_distribution<int>(low, high)(m_engine); }
 
+    std::uint64_t bits() { return std::uniform_int_distribution<std::uint64_t>()(m_engine); }
+
     /// A mantissa of a random number of digits, now and then with long runs of 0, 4, 5 or 9.
     UInt128 mantissa()
     {
@@ -196,6 +198,18 @@ TEST(DecimalOracle, AgreesOnTippingOperandsAtEveryGap)
                 comparison.arithmetic(Decimal::fromParts(false, a, gap / 2),
                                       Decimal::fromParts(false, mantissas[b], gap / 2 - gap));
         }
+    }
+}
+
+/// The reciprocal that a division begins with is one too small for some of these.
+TEST(DecimalOracle, AgreesOnDivisorsJustBelowAPowerOfTwo)
+{
+    Comparison comparison;
+    RandomDecimals random;
+    for (int i = 0; i < 20'000; ++i) {
+        const auto away = (UInt128 {random.bits()} * static_cast<unsigned>(random.integer(1, 64))) + 1;
+        comparison.arithmetic(Decimal::fromParts(false, random.mantissa(), 0),
+                              Decimal::fromParts(false, (UInt128 {1} << 126) - away, 0));
     }
 }
 

@@ -149,6 +149,7 @@ TEST(NoteDecodeBlocks, ReadsBackWhatWasWritten)
                               "مرحبا שלום 漢字 🙂 ٣", std::string("\0\x01\x1F", 3),
                               "{\"id\":1}", "null", "e\u0301\uFEFF\uFFFF"});
     EXPECT_EQ(Note::decodeBlocks(note.encodedBlocks()), note.blocks);
+    EXPECT_EQ(Note::decodeBlocks(std::string_view()).front().text, "") << "a view that points to nothing";
 }
 
 TEST(NoteDecodeBlocks, IsTheIdentityAfterEncodingArbitraryText)

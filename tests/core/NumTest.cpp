@@ -79,6 +79,8 @@ TEST(NumParse, DropsWhatIsNoPartOfANumber)
     EXPECT_EQ(read("5+3"), "53");
     EXPECT_EQ(read("€-5"), "-5") << "nothing is kept before the sign";
     EXPECT_EQ(read("€ -5"), "5") << "a blank is kept before the sign";
+    EXPECT_EQ(read("€\u2009-5"), "5") << "a thin space is a blank";
+    EXPECT_EQ(read("'-5"), "5") << "an apostrophe is kept";
     EXPECT_EQ(read("--5"), "-5");
     EXPECT_EQ(read("1\u0301"
                    "2"),

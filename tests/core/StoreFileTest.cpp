@@ -1,5 +1,6 @@
 #include "core/Store.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/Environment.h"
 #include "tests/support/Oracle.h"
 #include "tests/support/TemporaryDirectory.h"
 
@@ -47,25 +48,6 @@ mode_t modeOf(const path& file)
     return status.st_mode & 0777U;
 }
 
-/// Sets a variable of the environment for as long as it lives.
-class Environment
-{
-public:
-    Environment(const char* name, const std::string& value)
-        : m_name(name)
-        , m_before(std::getenv(name) == nullptr ? "" : std::getenv(name))
-    {
-        setenv(name, value.c_str(), 1);
-    }
-    ~Environment() { m_before.empty() ? unsetenv(m_name) : setenv(m_name, m_before.c_str(), 1); }
-    Environment(const Environment&) = delete;
-    Environment& operator=(const Environment&) = delete;
-
-private:
-    const char* m_name;
-    std::string m_before;
-};
-
 class StoreFile : public testing::Test
 {
 protected:
@@ -106,7 +88,7 @@ TEST_F(StoreFile, LeavesExistingDirectoriesAsTheyAre)
 
 TEST_F(StoreFile, LiesInTheDataDirectoryByDefault)
 {
-    const Environment data("XDG_DATA_HOME", (directory / "data").string());
+    const test::Environment data("XDG_DATA_HOME", (directory / "data").string());
     const Store store(std::nullopt);
     EXPECT_EQ(store.url(), directory / "data/Zelta Basic/zelta-basic.sqlite");
     EXPECT_TRUE(store.isPersistent());
@@ -115,9 +97,9 @@ TEST_F(StoreFile, LiesInTheDataDirectoryByDefault)
 
 TEST_F(StoreFile, IgnoresADataDirectoryThatIsNotAbsolute)
 {
-    const Environment home("HOME", directory.path().string());
+    const test::Environment home("HOME", directory.path().string());
     for (const char* value : {"", "data", "./data", "~/data"}) {
-        const Environment data("XDG_DATA_HOME", value);
+        const test::Environment data("XDG_DATA_HOME", value);
         const Store store(std::nullopt);
         EXPECT_EQ(store.url(), directory / ".local/share/Zelta Basic/zelta-basic.sqlite") << value;
         EXPECT_TRUE(exists(store.url()));

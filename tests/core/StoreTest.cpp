@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -103,6 +104,15 @@ TEST_F(StoreTest, RaisesLimitsToOne)
         EXPECT_EQ(store.notes("", limit).size(), 1U);
         EXPECT_EQ(store.notes("b", limit).size(), 1U);
     }
+}
+
+TEST_F(StoreTest, TakesAnyLimit)
+{
+    store.addHistory(entry("a", at(1s)));
+    store.createNote(note("a"));
+    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
+    EXPECT_EQ(store.history(largest).size(), 1U);
+    EXPECT_EQ(store.notes("", largest).size(), 1U);
 }
 
 TEST_F(StoreTest, DeletesOneEntryOrAll)
@@ -259,6 +269,8 @@ TEST_F(StoreTest, ReplacesASetting)
     EXPECT_EQ(store.setting("weekend"), "fri-sat");
     store.setSetting("weekend", "");
     EXPECT_EQ(store.setting("weekend"), "");
+    EXPECT_TRUE(store.setSetting("module", std::string_view())) << "a view that points to nothing";
+    EXPECT_EQ(store.setting("module"), "");
 }
 
 TEST_F(StoreTest, CutsTextAtANul)

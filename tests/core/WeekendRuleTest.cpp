@@ -7,7 +7,7 @@
 
 using namespace zelta;
 
-TEST(WeekendRulePresets, AreTheSixInThePickersOrder)
+TEST(WeekendRulePresets, AreInThePickersOrder)
 {
     const std::vector<WeekendRule::Preset> expected {{"sat-sun", "Saturday & Sunday", {{7, 1}}},
                                                      {"fri-sat", "Friday & Saturday (Gulf)", {{6, 7}}},

@@ -1,0 +1,130 @@
+#include "tests/app/support/CalculatorStage.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace zelta {
+namespace {
+
+using Stage = test::CalculatorStage;
+
+TEST(CalculatorTapePanel, SaysWhatItIsForWhileEmpty)
+{
+    const Stage stage;
+    EXPECT_TRUE(stage.shows(
+        "Completed calculations appear here. Click one to bring its result back into the display."));
+    EXPECT_TRUE(stage.lines().empty());
+    EXPECT_FALSE(stage.button("Copy tape")->isEnabled());
+    EXPECT_FALSE(stage.button("Clear tape")->isEnabled());
+    EXPECT_TRUE(stage.button("Save to history")->isEnabled());
+    EXPECT_FALSE(Stage::action(stage.tape(), "Copy tape")->isEnabled());
+    EXPECT_FALSE(Stage::action(stage.tape(), "Clear tape")->isEnabled());
+}
+
+TEST(CalculatorTapePanel, ListsNewestFirst)
+{
+    Stage stage;
+    stage.type("12+3\r1200*3\r");
+    const auto lines = stage.lines();
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0]->accessibleName(), QStringLiteral("1,200 × 3 = 3,600"));
+    EXPECT_EQ(lines[0]->toolTip(), QStringLiteral("Use 3,600"));
+    EXPECT_EQ(lines[1]->accessibleName(), QStringLiteral("12 + 3 = 15"));
+    Q_EMIT stage.button("Copy tape")->clicked();
+    EXPECT_EQ(stage.clipboard(), "1,200 × 3 = 3,600\n12 + 3 = 15");
+}
+
+TEST(CalculatorTapePanel, BringsBackAllDigitsOfAResult)
+{
+    Stage stage;
+    stage.type("1/3\rc0*");
+    QTest::mouseClick(stage.lines().front(), Qt::LeftButton);
+    EXPECT_EQ(stage.display(), "0.3333333333");
+    EXPECT_EQ(stage.page.calculator().value(), 1_dec / 3_dec);
+    stage.type("c5+");
+    QTest::mouseClick(stage.lines().front(), Qt::LeftButton);
+    stage.type("\r");
+    EXPECT_EQ(stage.display(), "5.3333333333") << "the pending operation survives";
+}
+
+TEST(CalculatorTapePanel, CopiesALineFromItsMenu)
+{
+    Stage stage;
+    stage.type("1200*3\r");
+    const TapeLine* line = stage.lines().front();
+    EXPECT_EQ(line->contextMenuPolicy(), Qt::ActionsContextMenu);
+    Stage::action(line, "Copy result")->trigger();
+    EXPECT_EQ(stage.clipboard(), "3,600");
+    Stage::action(line, "Copy line")->trigger();
+    EXPECT_EQ(stage.clipboard(), "1,200 × 3 = 3,600");
+    EXPECT_EQ(stage.display(), "3,600");
+}
+
+TEST(CalculatorTapePanel, IsClearedOnRequest)
+{
+    Stage stage;
+    stage.type("1+1\r");
+    Q_EMIT stage.button("Clear tape")->clicked();
+    EXPECT_TRUE(stage.lines().empty());
+    EXPECT_EQ(stage.display(), "2");
+    EXPECT_FALSE(stage.button("Clear tape")->isEnabled());
+    stage.type("\r");
+    EXPECT_EQ(stage.lines().size(), 1U);
+}
+
+TEST(CalculatorTapePanel, KeepsFortyLinesAndScrollsToTheNewest)
+{
+    Stage stage;
+    stage.type("1+1\r");
+    for (int i = 0; i < 45; ++i)
+        stage.type("\r");
+    EXPECT_EQ(stage.lines().size(), 40U);
+    auto* area = stage.tape()->findChild<QScrollArea*>();
+    QTRY_VERIFY(area->verticalScrollBar()->maximum() > 0);
+    area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+    stage.type("\r");
+    EXPECT_EQ(area->verticalScrollBar()->value(), 0);
+    EXPECT_EQ(stage.lines().front()->accessibleName(), QStringLiteral("47 + 1 = 48"));
+}
+
+TEST(CalculatorTapePanel, IsReachedByTabFromTheKeysLineByLineThenItsButtons)
+{
+    Stage stage;
+    stage.type("1+1\r\r");
+    stage.button("Equals")->setFocus();
+    QStringList stops;
+    for (int i = 0; i < 5; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const auto* stop = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+        ASSERT_NE(stop, nullptr);
+        stops += stop->accessibleName().isEmpty() ? stop->text() : stop->accessibleName();
+    }
+    EXPECT_EQ(toUtf8(stops.join(QStringLiteral("; "))),
+              "2 + 1 = 3; 1 + 1 = 2; Copy tape; Save to history; Clear tape");
+}
+
+TEST(CalculatorTapePanel, KeepsTheFocusWhenItIsCleared)
+{
+    Stage stage;
+    for (const bool isOnLine : {false, true}) {
+        stage.type("1+1\r");
+        (isOnLine ? stage.lines().front() : stage.button("Clear tape"))->setFocus();
+        stage.button("Clear tape")->click();
+        EXPECT_EQ(QApplication::focusWidget(), stage.button("Save to history")) << isOnLine;
+    }
+}
+
+TEST(CalculatorTapePanel, MovesTheFocusToTheNewestLine)
+{
+    Stage stage;
+    stage.type("1+1\r\r\r");
+    stage.lines().back()->setFocus();
+    stage.type("\r");
+    EXPECT_EQ(QApplication::focusWidget(), stage.lines().front());
+}
+
+} // namespace
+} // namespace zelta
