@@ -108,7 +108,7 @@ TEST(Label, BreaksAWordThatIsWiderThanItself)
     wrapped.resize(narrow, wrapped.heightForWidth(narrow));
     EXPECT_GT(wrapped.height(), 3 * whole.height());
     const int all = inkIn(whole);
-    EXPECT_NEAR(inkIn(wrapped), all, all / 10) << "all of it is painted";
+    EXPECT_NEAR(inkIn(wrapped), all, 0.1 * all) << "all of it is painted";
 }
 
 } // namespace zelta
