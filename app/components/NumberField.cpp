@@ -96,8 +96,10 @@ QLineEdit* NumberField::field() const
 void NumberField::follow(const QString& text)
 {
     const bool isWarning = !text.trimmed().isEmpty() && !Num::parse(toUtf8(text));
-    m_warning->setVisible(isWarning);
-    m_field->setAccessibleDescription(isWarning ? QStringLiteral("Not a number") : m_explanation);
+    if (isWarning != showsWarning()) { // or each key would be announced as another description
+        m_warning->setVisible(isWarning);
+        m_field->setAccessibleDescription(isWarning ? QStringLiteral("Not a number") : m_explanation);
+    }
     if (!m_isSetting)
         Q_EMIT textEdited(text);
 }

@@ -148,6 +148,7 @@ void Picker::paintEvent(QPaintEvent* /*event*/)
     }
     painter.setFont(font());
     painter.setPen(isEnabled() ? Theme::color(Theme::Token::text) : quiet);
+    // One lower: on one baseline with a label beside it.
     painter.drawText(line.translated(0, 1), Qt::AlignLeft | Qt::AlignVCenter,
                      painter.fontMetrics().elidedText(currentText(), Qt::ElideRight, qFloor(line.width())));
 }

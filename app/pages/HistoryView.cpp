@@ -36,6 +36,7 @@ HistoryView::HistoryView(AppModel& model, QWidget* parent)
     , m_model(model)
     , m_copyMark(model.clock(), [this] { showCopied(); })
 {
+    setAccessibleName(toQt(title(Module::history))); // it has the focus when its last entry goes
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Metric::partSpacing);

@@ -72,7 +72,8 @@ void ParagraphColumn::showNote(const Note* note)
             if (row.editor != nullptr)
                 row.editor->setValue(std::exchange(row.text, {}));
         }
-        measureRows();
+        if (!inSight.empty())
+            measureRows();
     }
     keepInSight(inSight);
     placeRows();

@@ -68,7 +68,6 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     : QScrollArea(parent)
     , m_module(module)
     , m_model(model)
-    , m_content(content)
     , m_column(new QWidget)
 {
     setFrameShape(QFrame::NoFrame);

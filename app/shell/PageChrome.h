@@ -33,7 +33,6 @@ private:
 
     Module m_module;
     AppModel& m_model;
-    QWidget* m_content;
     QWidget* m_column;
     Label* m_subtitle = nullptr;
     Flash* m_message = nullptr;
