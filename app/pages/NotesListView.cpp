@@ -51,6 +51,13 @@ protected:
     }
     void mouseDoubleClickEvent(QMouseEvent* event) override { event->accept(); }
 
+    // A heading cannot be chosen; there is a note below each.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override
+    {
+        const QModelIndex to = QListView::moveCursor(action, modifiers);
+        return to.isValid() && !to.flags().testFlag(Qt::ItemIsEnabled) ? to.siblingAtRow(to.row() + 1) : to;
+    }
+
     void updateGeometries() override
     {
         const int bar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;

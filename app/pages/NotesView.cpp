@@ -124,21 +124,32 @@ void NotesView::load(OnReload onReload)
 
 void NotesView::reload(OnReload onReload)
 {
+    readList();
+    if (!selectionStays(notes(), selectedID(), onReload))
+        openFirst();
+}
+
+void NotesView::readList()
+{
     m_searchTask.cancel();
     m_reloadTask.cancel();
     const std::string search = toUtf8(m_toolbar->search->text());
     m_list->setWhenEmpty(Unicode::trim(search).empty() ? NotesListView::WhenEmpty::noNotesYet
                                                        : NotesListView::WhenEmpty::noMatches);
     m_list->model().setNotes(m_model.store().noteStamps(search, listLimit), now(), m_model.calendar());
-    if (!selectionStays(notes(), selectedID(), onReload))
-        openDraft(notes().empty() ? std::nullopt : m_keeper->note(notes().front().id));
+}
+
+void NotesView::openFirst()
+{
+    openDraft(notes().empty() ? std::nullopt : m_keeper->note(notes().front().id));
 }
 
 void NotesView::newNote()
 {
     handOn();
     flushSave();
-    const std::optional<Note> made = m_model.store().createNote(Note(0, {}, now(), now()));
+    const Instant time = now();
+    const std::optional<Note> made = m_model.store().createNote(Note(0, {}, time, time));
     if (!made)
         return;
     {
@@ -369,8 +380,18 @@ void NotesView::showEvent(QShowEvent* event)
         load(OnReload::selectFirst);
         return;
     }
-    // The page comes up as it was left; what another copy of the program has saved follows in the list.
-    m_reloadTask = m_model.clock().after(SearchPace::frame, [this] { load(OnReload::keepSelection); });
+    m_reloadTask = m_model.clock().after(SearchPace::frame, [this] { followStore(); });
+}
+
+/// The page comes up as it was left, with its note though a search may not find it any more; what another
+/// copy of the program has saved follows in the list.
+void NotesView::followStore()
+{
+    handOn();
+    flushSave();
+    readList();
+    if (!m_draft || !m_keeper->note(m_draft->note().id))
+        openFirst();
 }
 
 void NotesView::hideEvent(QHideEvent* event)

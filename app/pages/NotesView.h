@@ -97,6 +97,9 @@ private:
     void runDueSearch();
     void runSearch();
     void reload(OnReload onReload);
+    void readList();
+    void openFirst();
+    void followStore();
     void openDraft(std::optional<Note> note);
     void draftChanged();
     void showDraft();

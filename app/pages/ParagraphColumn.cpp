@@ -192,6 +192,11 @@ void ParagraphColumn::makeEditor(Row& row)
 {
     auto* made = new TextBlockEditor(m_clock, m_content);
     row.editor = made;
+    // Assistive technology reads children in their order.
+    const auto next = std::find_if(m_rows.begin() + (&row - m_rows.data()) + 1, m_rows.end(),
+                                   [](const Row& later) { return later.editor != nullptr; });
+    if (next != m_rows.end())
+        made->stackUnder(next->editor);
     // The text comes last, so that it is laid out once, at the width that it keeps.
     made->resize(rowWidth(), minHeight);
     made->setVisible(true);

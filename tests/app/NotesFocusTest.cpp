@@ -1,3 +1,4 @@
+#include "tests/app/support/Accessible.h"
 #include "tests/app/support/NotesStage.h"
 
 #include <gtest/gtest.h>
@@ -141,6 +142,53 @@ TEST_F(NotesFocus, AStepBackKeepsTheFocusInTheNote)
     ASSERT_TRUE(rows()[2]->editor()->hasFocus());
     page->undo();
     EXPECT_TRUE(rows()[1]->editor()->hasFocus());
+}
+
+TEST_F(NotesFocus, ParagraphsAreReadInTheirOrder)
+{
+    const auto read = [this] {
+        Texts texts;
+        QAccessibleInterface& column = test::accessible(*page->pane()->paragraphs()->widget());
+        for (int i = 0; i < column.childCount(); ++i) {
+            const auto* row = qobject_cast<TextBlockEditor*>(column.child(i)->object());
+            if (row != nullptr && row->isVisible())
+                texts.push_back(toUtf8(row->editor()->text()));
+        }
+        return texts;
+    };
+    add({"one", "two", "three"});
+    open();
+    page->removeBlock(0);
+    page->removeBlock(0);
+    page->undo();
+    page->undo();
+    EXPECT_EQ(read(), (Texts {"one", "two", "three"}));
+
+    add(Texts(100, "of many"), -1h);
+    open();
+    page->appendBlock();
+    rows().back()->editor()->insertPlainText(QStringLiteral("last"));
+    page->pane()->paragraphs()->focusParagraph(50);
+    EXPECT_EQ(read(), shown());
+    EXPECT_EQ(read().back(), "last");
+}
+
+TEST_F(NotesFocus, KeysGoToTheEndsOfTheListPastItsHeadings)
+{
+    for (int i = 0; i < 40; ++i)
+        add({"note " + std::to_string(i)}, 12h * i);
+    open();
+    QListView* list = page->list()->list();
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_End);
+    EXPECT_EQ(shown(), Texts {"note 39"});
+    QTest::keyClick(list, Qt::Key_Home);
+    EXPECT_EQ(shown(), Texts {"note 0"});
+    for (const Qt::Key key : {Qt::Key_PageDown, Qt::Key_PageUp}) {
+        for (int i = 0; i < 10; ++i)
+            QTest::keyClick(list, key);
+        EXPECT_EQ(shown(), Texts {key == Qt::Key_PageDown ? "note 39" : "note 0"});
+    }
 }
 
 TEST_F(NotesFocus, TabGoesThroughThePageInOrder)

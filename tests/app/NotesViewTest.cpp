@@ -135,6 +135,29 @@ TEST_F(NotesViewTest, KeepsItsSelectionWhenItIsShownAgain)
     EXPECT_EQ(listed(), (Texts {"Today", "from elsewhere", "newer", "older"}));
 }
 
+TEST_F(NotesViewTest, KeepsANoteThatItsSearchDoesNotFindAnyMore)
+{
+    const std::int64_t id = add({"apple"}, 1h);
+    add({"apple pie"});
+    open();
+    page->open(id);
+    search(QStringLiteral("apple"));
+    page->updateBlock(paragraphKeys(page->draft()->note())[0], id, "pear");
+    page->appendBlock();
+    page->hide();
+    page->show();
+    test.clock.advance(16ms);
+    EXPECT_EQ(listed(), (Texts {"Today", "apple pie"}));
+    EXPECT_EQ(shown(), (Texts {"pear", ""}));
+    EXPECT_TRUE(page->draft()->canUndo());
+
+    store().deleteNote(id);
+    page->hide();
+    page->show();
+    test.clock.advance(16ms);
+    EXPECT_EQ(shown(), Texts {"apple pie"}) << "another copy of the program has deleted it";
+}
+
 TEST_F(NotesViewTest, ALateChangeReachesItsOwnNote)
 {
     const std::int64_t other = add({"other", "two"}, 1h);
