@@ -21,12 +21,18 @@ bool isKnownZone(const std::string& identifier)
     return !identifier.empty() && cctz::load_time_zone(identifier, &zone);
 }
 
-/// "Europe/Paris" of "/usr/share/zoneinfo/Europe/Paris"; any other text as it is.
-std::string zoneOfPath(const std::string& path)
+/// "Europe/Paris" of "/usr/share/zoneinfo/Europe/Paris"; any other text as it is. The same zones are there
+/// twice more, in folders that say whether leap seconds count.
+std::string zoneOfPath(std::string_view path)
 {
     static constexpr std::string_view folder = "zoneinfo/";
-    const std::size_t position = path.find(folder);
-    return position == std::string::npos ? path : path.substr(position + folder.size());
+    if (const std::size_t position = path.find(folder); position != std::string_view::npos)
+        path.remove_prefix(position + folder.size());
+    for (const std::string_view variant : {"posix/", "right/"}) {
+        if (path.starts_with(variant))
+            path.remove_prefix(variant.size());
+    }
+    return std::string(path);
 }
 
 cctz::civil_second toCctz(const CivilTime& time)
@@ -55,10 +61,10 @@ std::optional<Instant> toInstant(SecondsPoint point)
 std::string systemTimeZoneId()
 {
     if (const char* variable = std::getenv("TZ")) {
-        std::string text = variable;
+        std::string_view text = variable;
         // The C library's spelling ":Europe/Paris" says that a file is meant.
         if (text.starts_with(':'))
-            text.erase(0, 1);
+            text.remove_prefix(1);
         std::string identifier = zoneOfPath(text);
         // That file, and the zone named after it, are whatever the system has.
         const bool isSystems = identifier == localTimeFile || identifier == "localtime";

@@ -53,6 +53,11 @@ Instant startOfDay(Instant date, const Calendar& calendar)
     return calendar.startOfDay(date);
 }
 
+Instant sameDay(Instant date, const Calendar& from, const Calendar& to)
+{
+    return from == to ? date : to.instantOrAfterJump({from.civilDay(date)}).value_or(date);
+}
+
 int weekday(Instant date, const Calendar& calendar)
 {
     return calendar.civilDay(date).weekday();

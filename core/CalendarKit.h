@@ -47,6 +47,10 @@ std::optional<Instant> makeDate(int day, int month, std::int64_t year, int hour,
                                 const Calendar& calendar);
 
 Instant startOfDay(Instant date, const Calendar& calendar);
+
+/// The civil day that `date` has in one calendar, as a date of another. Where there is no such day, `date`.
+Instant sameDay(Instant date, const Calendar& from, const Calendar& to);
+
 int weekday(Instant date, const Calendar& calendar);
 
 /// Calendar days from one date's day to another's: a day of 23 or 25 hours counts as one. Negative when

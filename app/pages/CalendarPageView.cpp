@@ -62,6 +62,7 @@ IconButton* borderedIcon(std::string_view symbol, const QString& help, QWidget* 
 CalendarPageView::CalendarPageView(AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
+    , m_calendar(model.calendar())
 {
     constexpr int noteGap = 10;
     auto* column = new QVBoxLayout(this);
@@ -193,12 +194,14 @@ bool CalendarPageView::eventFilter(QObject* watched, QEvent* event)
 
 void CalendarPageView::step(int months)
 {
+    followZone();
     m_cursor.step(months, m_model.dateOptions());
     refresh();
 }
 
 void CalendarPageView::goToToday()
 {
+    followZone();
     m_cursor.goTo(m_model.today());
     refresh();
 }
@@ -211,27 +214,37 @@ void CalendarPageView::select(Instant day)
 
 void CalendarPageView::moveSelected(int days)
 {
+    followZone();
     m_cursor.moveSelected(days, m_model.dateOptions());
     refresh();
 }
 
+/// In another zone the same days are shown and selected.
+void CalendarPageView::followZone()
+{
+    const Calendar calendar = m_model.calendar();
+    for (Instant* date : {&m_cursor.anchor, &m_cursor.selected})
+        *date = CalendarKit::sameDay(*date, m_calendar, calendar);
+    m_calendar = calendar;
+}
+
 void CalendarPageView::refresh()
 {
+    followZone();
     const DateOptions current = m_model.dateOptions();
-    const Calendar calendar = current.calendar();
     m_title->setText(toQt(CalendarGrid::title(m_cursor.anchor, current)));
     m_summary->setText(toQt(current.weekendRule.summary()));
     m_grid->showMonth(CalendarGrid::month(m_cursor.anchor, current, m_model.today()),
-                      CalendarKit::dayKey(m_cursor.selected, calendar), calendar);
-    showSelectedDay(calendar);
+                      CalendarKit::dayKey(m_cursor.selected, m_calendar), m_calendar);
+    showSelectedDay();
 }
 
-void CalendarPageView::showSelectedDay(const Calendar& calendar)
+void CalendarPageView::showSelectedDay()
 {
-    const QString date = toQt(CalendarKit::longDate(m_cursor.selected, calendar));
+    const QString date = toQt(CalendarKit::longDate(m_cursor.selected, m_calendar));
     m_selectedDate->setText(date);
     m_chip->setCopyText(date);
-    if (m_model.weekendRule().isWeekend(CalendarKit::weekday(m_cursor.selected, calendar))) {
+    if (m_model.weekendRule().isWeekend(CalendarKit::weekday(m_cursor.selected, m_calendar))) {
         m_dayKind->setText(QStringLiteral("Weekend"));
         m_dayKind->setColors(Theme::Token::weekendInk, Theme::Token::weekendFill);
     } else {
@@ -245,10 +258,14 @@ void CalendarPageView::waitForMidnight()
 {
     const Instant now = m_model.clock().now();
     const Calendar calendar = m_model.calendar();
-    // Noon of the next day always exists, whatever happens to its midnight.
-    const auto tomorrow = calendar.instantOrAfterJump({calendar.civilDay(now).addingDays(1), 12});
-    const Instant midnight = tomorrow ? calendar.startOfDay(*tomorrow) : now + std::chrono::hours(24);
-    m_midnight = m_model.clock().after(std::chrono::ceil<std::chrono::milliseconds>(midnight - now), [this] {
+    const CivilDay today = calendar.civilDay(now);
+    // A zone may skip a whole day, but not two.
+    const auto tomorrow = calendar.instantOrAfterJump({today.addingDays(1), 12});
+    const auto noon = tomorrow ? tomorrow : calendar.instantOrAfterJump({today.addingDays(2), 12});
+    const Instant midnight = noon ? calendar.startOfDay(*noon) : now;
+    // It lies behind where the clocks went back over it.
+    const auto wait = midnight > now ? midnight - now : std::chrono::minutes(1);
+    m_midnight = m_model.clock().after(std::chrono::ceil<std::chrono::milliseconds>(wait), [this] {
         refresh();
         waitForMidnight();
     });

@@ -2,6 +2,7 @@
 
 #include "app/model/Clock.h"
 #include "app/pages/MonthCursor.h"
+#include "core/Calendar.h"
 
 #include <QWidget>
 #include <functional>
@@ -43,12 +44,14 @@ private:
     void select(Instant day);
     void moveSelected(int days);
 
+    void followZone();
     void refresh();
-    void showSelectedDay(const Calendar& calendar);
+    void showSelectedDay();
     void waitForMidnight();
     void fitTiles();
 
     AppModel& m_model;
+    Calendar m_calendar; ///< In which the cursor's dates are the days that are shown.
     MonthCursor m_cursor;
     Clock::Task m_midnight;
     Label* m_title = nullptr;

@@ -23,6 +23,7 @@ namespace zelta {
 DateInput::DateInput(const QString& name, AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
+    , m_calendar(model.calendar())
 {
     constexpr int gap = 8;
     constexpr int lineGap = 12;
@@ -126,11 +127,22 @@ QWidget* DateInput::makeWarning()
     return warning;
 }
 
+Instant DateInput::date() const
+{
+    return CalendarKit::sameDay(m_date, m_calendar, m_model.calendar());
+}
+
+void DateInput::keep(Instant date)
+{
+    m_calendar = m_model.calendar();
+    m_date = date;
+}
+
 void DateInput::setDate(Instant date)
 {
-    m_date = date;
+    keep(date);
     const QScopedValueRollback<bool> writing(m_isWriting, true);
-    const DateFields fields = DateFields::of(date, m_model.calendar());
+    const DateFields fields = DateFields::of(date, m_calendar);
     m_day->setText(toQt(fields.day));
     m_month->setText(toQt(fields.month));
     m_year->setText(toQt(fields.year));
@@ -145,19 +157,19 @@ void DateInput::commit()
     const DateFields fields {toUtf8(m_day->text()), toUtf8(m_month->text()), toUtf8(m_year->text())};
     const DateFields::Entry entry = fields.read(m_model.calendar());
     showWarning(entry.state == DateFields::State::notReal);
-    if (entry.state != DateFields::State::real || entry.date == m_date)
+    if (entry.state != DateFields::State::real || entry.date == date())
         return;
-    m_date = entry.date;
+    keep(entry.date);
     showDate();
     Q_EMIT dateChanged(m_date);
 }
 
 void DateInput::choose(Instant date)
 {
-    const bool isOther = date != m_date;
+    const bool isOther = date != this->date();
     setDate(date);
     if (isOther)
-        Q_EMIT dateChanged(m_date);
+        Q_EMIT dateChanged(date);
 }
 
 void DateInput::openPicker()
@@ -169,14 +181,13 @@ void DateInput::openPicker()
     if (m_picker->isVisible())
         m_picker->close();
     else
-        m_picker->openAt(*m_pickerButton, m_date);
+        m_picker->openAt(*m_pickerButton, date());
 }
 
 void DateInput::showDate()
 {
-    const Calendar calendar = m_model.calendar();
-    m_weekday->setText(toQt(CalendarKit::shortWeekday(m_date, calendar)));
-    m_longDate->setCopyText(toQt(CalendarKit::longDate(m_date, calendar)));
+    m_weekday->setText(toQt(CalendarKit::shortWeekday(m_date, m_calendar)));
+    m_longDate->setCopyText(toQt(CalendarKit::longDate(m_date, m_calendar)));
 }
 
 void DateInput::showWarning(bool isWarning)

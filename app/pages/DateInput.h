@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Calendar.h"
 #include "core/Instant.h"
 
 #include <QPointer>
@@ -26,8 +27,8 @@ public:
     /// `name` begins the fields' accessible names: "Start date, day".
     DateInput(const QString& name, AppModel& model, QWidget* parent = nullptr);
 
-    /// The date in force: the last real one.
-    [[nodiscard]] Instant date() const { return m_date; }
+    /// The date in force: the last real one. In another zone it stays the day that was entered.
+    [[nodiscard]] Instant date() const;
 
     /// Sets the date without a signal and writes it into the fields.
     void setDate(Instant date);
@@ -45,10 +46,12 @@ private:
     void commit();
     void choose(Instant date);
     void openPicker();
+    void keep(Instant date);
     void showDate();
     void showWarning(bool isWarning);
 
     AppModel& m_model;
+    Calendar m_calendar; ///< In which `m_date` is the day that was entered.
     Instant m_date {};
     QLineEdit* m_day = nullptr;
     QLineEdit* m_month = nullptr;

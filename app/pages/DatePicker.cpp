@@ -132,8 +132,11 @@ bool DatePicker::eventFilter(QObject* watched, QEvent* event)
             close();
         break;
     case QEvent::Hide:
-    case QEvent::Resize:
         if (watched == m_owner || watched == window())
+            close();
+        break;
+    case QEvent::Resize:
+        if (watched == window())
             close();
         break;
     default:

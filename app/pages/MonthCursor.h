@@ -16,8 +16,8 @@ struct MonthCursor
     /// Shows and selects this day.
     void goTo(Instant day);
 
-    /// Shows the month so many months later and selects its first day. Where there is no such month, before
-    /// year 1, nothing changes.
+    /// Shows the month so many months later and selects its first day. Before year 1 there is none: the month
+    /// stays.
     void step(int months, const DateOptions& options);
 
     /// Selects the day so many days later and shows its month, so that a selection moved by keys stays in

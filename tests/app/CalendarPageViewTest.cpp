@@ -326,6 +326,50 @@ TEST(CalendarPage, TodayMovesOnAcrossAChangeOfTheClocks)
     EXPECT_EQ(stage.todays(), std::vector<int> {30});
 }
 
+TEST(CalendarPage, TodayMovesOnWhereMidnightIsOutOfOrder)
+{
+    struct Night
+    {
+        const char* zone;
+        Instant before; ///< A minute or two.
+        int today;
+    };
+    // Apia skipped 30 December. In St John's clocks went back from 00:01 to 23:01: the first midnight is
+    // past.
+    for (const auto& [zone, before, today] :
+         {Night {"Pacific/Apia", Calendar("Pacific/Apia").instant({{2011, 12, 29}, 23, 59}).value(), 31},
+          Night {"America/St_Johns", Calendar("UTC").instant({{2010, 11, 7}, 3, 28}).value(), 7}}) {
+        Stage stage;
+        const Environment there("TZ", zone);
+        stage.test.clock.setWallClock(before);
+        stage.page->hide();
+        stage.page->show();
+        EXPECT_NE(stage.todays(), std::vector<int> {today}) << zone;
+        stage.test.clock.advance(2min);
+        EXPECT_EQ(stage.todays(), std::vector<int> {today}) << zone;
+    }
+}
+
+TEST(CalendarPage, AnotherZoneKeepsTheSelectedDay)
+{
+    Stage stage;
+    stage.press("Next month");
+    stage.tile("2026-04-01")->setFocus();
+    stage.key(Qt::Key_Right);
+    stage.key(Qt::Key_Left);
+    const Environment west("TZ", "America/New_York");
+    stage.press("Next month");
+    EXPECT_EQ(stage.selected(), QStringLiteral("2026-05-01"));
+    const Environment farWest("TZ", "Pacific/Honolulu");
+    QEvent activated(QEvent::WindowActivate);
+    QApplication::sendEvent(&stage.window, &activated);
+    EXPECT_EQ(stage.selected(), QStringLiteral("2026-05-01"));
+    EXPECT_TRUE(stage.shows("Friday, 1 May 2026"));
+    const Environment east("TZ", "Asia/Tokyo");
+    stage.press("Today");
+    EXPECT_EQ(stage.selected(), QStringLiteral("2026-03-07"));
+}
+
 TEST(CalendarPage, AHiddenPageWaitsForNothing)
 {
     Stage stage;

@@ -174,6 +174,15 @@ TEST(DatePicker, APressElsewhereClosesItAndCounts)
     EXPECT_TRUE(stage.anchor.hasFocus());
 }
 
+TEST(DatePicker, StaysWhileItsOwnerIsLaidOutAnew)
+{
+    Stage stage;
+    stage.anchor.resize(stage.anchor.width(), stage.anchor.height() + 20);
+    EXPECT_TRUE(stage.picker.isVisible());
+    stage.window.resize(480, 400);
+    EXPECT_FALSE(stage.picker.isVisible()) << "the button may be elsewhere now";
+}
+
 TEST(DatePicker, GoesWithItsOwner)
 {
     Stage stage;

@@ -229,6 +229,22 @@ TEST(DurationPage, TodayLeavesTheCalendarOpen)
     EXPECT_FALSE(stage.page.findChild<DatePicker*>()->isVisible());
 }
 
+TEST(DurationPage, AnotherZoneKeepsTheDaysThatWereEntered)
+{
+    const Stage stage;
+    stage.typeDate("Start date", "07", "03", "2026");
+    stage.typeDate("End date", "15", "04", "2026");
+    const Environment zone("TZ", "America/New_York");
+    stage.page.findChild<Switch*>()->click();
+    EXPECT_EQ(stage.row("From"), "Saturday, 7 March 2026");
+    EXPECT_EQ(stage.row("To"), "Wednesday, 15 April 2026");
+    EXPECT_EQ(stage.row("Total days"), "40");
+    stage.type("End date, day", "16");
+    EXPECT_EQ(stage.row("Total days"), "41");
+    stage.press("Swap the start and end dates");
+    EXPECT_EQ(stage.fields("End date"), "07|03|2026|");
+}
+
 TEST(DurationPage, TakesADateFromAssistiveTechnology)
 {
     const Stage stage;

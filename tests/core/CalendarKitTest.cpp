@@ -234,6 +234,17 @@ TEST(CalendarKitZones, EveryZoneAgreesWithTheOracleAroundEachChangeOfItsClocks)
     EXPECT_GT(compared, 100'000U);
 }
 
+TEST(CalendarKitZones, ADayCanBeTakenAlong)
+{
+    const Calendar paris = calendar("Europe/Paris");
+    const Calendar lima = calendar("America/Lima");
+    const Calendar apia = calendar("Pacific/Apia");
+    const Instant date = makeDate(30, 12, 2011, 0, 0, 0, paris).value();
+    EXPECT_EQ(sameDay(date, paris, lima), makeDate(30, 12, 2011, 0, 0, 0, lima));
+    EXPECT_EQ(sameDay(date, paris, paris), date);
+    EXPECT_EQ(sameDay(date, paris, apia), date) << "there was no such day";
+}
+
 TEST(CalendarKitZones, AnUnknownNameMeansTheSystemsZone)
 {
     const Environment zone("TZ", "Asia/Tokyo");
@@ -245,7 +256,8 @@ TEST(CalendarKitZones, AnUnknownNameMeansTheSystemsZone)
 TEST(CalendarKitZones, TheEnvironmentNamesTheSystemsZoneAtEachUse)
 {
     for (const char* spelling :
-         {"Asia/Tokyo", ":Asia/Tokyo", "/usr/share/zoneinfo/Asia/Tokyo", ":/usr/share/zoneinfo/Asia/Tokyo"}) {
+         {"Asia/Tokyo", ":Asia/Tokyo", "/usr/share/zoneinfo/Asia/Tokyo", ":/usr/share/zoneinfo/Asia/Tokyo",
+          "posix/Asia/Tokyo", "right/Asia/Tokyo", "/usr/share/zoneinfo/right/Asia/Tokyo"}) {
         const Environment zone("TZ", spelling);
         EXPECT_EQ(systemTimeZoneId(), "Asia/Tokyo") << spelling;
     }
