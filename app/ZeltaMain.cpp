@@ -9,8 +9,11 @@
 #include <fontconfig/fontconfig.h>
 
 #include <QApplication>
+#include <QSessionManager>
+#include <QStringList>
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,6 +38,17 @@ void showPainted(QWidget& window)
     QCoreApplication::sendPostedEvents();
     window.setAttribute(Qt::WA_Mapped);
     window.repaint();
+}
+
+/// How a desktop that restores its session starts the program again: Qt would add an option of its own, and
+/// leave ours out.
+QStringList restartCommand(const Store& store, bool isPlaceGiven)
+{
+    QStringList command {QCoreApplication::applicationFilePath()};
+    if (isPlaceGiven)
+        command << QStringLiteral("-ZeltaBasicDatabase")
+                << QString::fromStdString(std::filesystem::absolute(store.url()).string());
+    return command;
 }
 
 int run(int argc, char** argv, const std::optional<std::string>& database)
@@ -63,6 +77,9 @@ int run(int argc, char** argv, const std::optional<std::string>& database)
     MainWindow window(model);
     const Lifetime lifetime(window, clock);
     look.hearDesktop();
+    QObject::connect(&application, &QGuiApplication::saveStateRequest, [&model, &database](auto& session) {
+        session.setRestartCommand(restartCommand(model.store(), database.has_value()));
+    });
     showPainted(window);
     return QApplication::exec();
 }

@@ -1,17 +1,19 @@
 #include "app/model/Clock.h"
 
 #include <utility>
+#include <vector>
 
 namespace zelta {
 
 struct Clock::Saves
 {
-    int pending = 0;
+    std::vector<std::weak_ptr<Work>> pending;
     std::function<void()> whenSettled;
 
-    void settleOne()
+    void settle(const std::shared_ptr<Work>& work)
     {
-        if (--pending == 0 && whenSettled)
+        std::erase_if(pending, [&work](const auto& one) { return one.lock() == work; });
+        if (pending.empty() && whenSettled)
             whenSettled();
     }
 };
@@ -49,7 +51,7 @@ void Clock::Task::cancel()
     m_work->action = nullptr;
     m_work->timer.reset();
     if (const auto saves = std::exchange(m_work->saves, nullptr))
-        saves->settleOne();
+        saves->settle(m_work);
 }
 
 Clock::Clock()
@@ -64,7 +66,7 @@ Clock::Task Clock::after(std::chrono::milliseconds delay, std::function<void()> 
     work->action = std::move(action);
     if (purpose == Purpose::save) {
         work->saves = m_saves;
-        ++m_saves->pending;
+        m_saves->pending.push_back(work);
     }
     work->timer = schedule(delay, [weak = std::weak_ptr<Work>(work)] {
         if (const auto strong = weak.lock())
@@ -83,12 +85,25 @@ void Clock::run(const std::shared_ptr<Work>& work)
     // Counted down after the action: one save that starts the next leaves no gap in which the process could
     // end.
     if (saves)
-        saves->settleOne();
+        saves->settle(work);
 }
 
 bool Clock::hasPendingSaves() const
 {
-    return m_saves->pending > 0;
+    return !m_saves->pending.empty();
+}
+
+void Clock::runSaves()
+{
+    // A paragraph hands on its text, then its note is written; a write that fails is due again and again.
+    constexpr int rounds = 2;
+    for (int round = 0; round < rounds; ++round) {
+        const auto due = m_saves->pending;
+        for (const auto& work : due) {
+            if (const auto strong = work.lock())
+                run(strong);
+        }
+    }
 }
 
 void Clock::setSavesSettledHandler(std::function<void()> handler)

@@ -59,6 +59,9 @@ public:
 
     [[nodiscard]] bool hasPendingSaves() const;
 
+    /// Runs the pending saves at once, and those that they start: for an end that does not wait.
+    void runSaves();
+
     /// Called each time the last pending save has run or has been called off.
     void setSavesSettledHandler(std::function<void()> handler);
 

@@ -38,16 +38,6 @@ struct EditMenu::Target
     static Target of(QLabel* label);
 };
 
-namespace {
-
-bool clipboardHasText()
-{
-    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-    return data && data->hasText();
-}
-
-} // namespace
-
 EditMenu::Target EditMenu::Target::of(QWidget* focus)
 {
     if (auto* line = qobject_cast<QLineEdit*>(focus))
@@ -67,7 +57,7 @@ EditMenu::Target EditMenu::Target::of(QLineEdit* edit)
             .redoable = edit->isRedoAvailable(),
             .cuttable = selected && writable,
             .copyable = selected,
-            .pastable = writable && clipboardHasText(),
+            .pastable = writable,
             .selectable = !edit->text().isEmpty(),
             .undo = [edit] { edit->undo(); },
             .redo = [edit] { edit->redo(); },
@@ -86,7 +76,7 @@ EditMenu::Target EditMenu::Target::of(QTextEdit* edit)
             .redoable = writable && edit->document()->isRedoAvailable(),
             .cuttable = selected && writable,
             .copyable = selected,
-            .pastable = writable && edit->canPaste(),
+            .pastable = writable,
             .selectable = !edit->document()->isEmpty(),
             .undo = [edit] { edit->undo(); },
             .redo = [edit] { edit->redo(); },
@@ -120,11 +110,8 @@ EditMenu::EditMenu(QWidget* parent)
     add(QStringLiteral("Select &All"), QKeySequence::SelectAll, &Target::selectable, &Target::selectAll);
 
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { follow(now); });
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
-        if (m_focus)
-            refresh();
-    });
-    connect(this, &QMenu::aboutToShow, this, &EditMenu::refresh);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &EditMenu::readClipboard);
+    connect(this, &QMenu::aboutToShow, this, &EditMenu::readClipboard);
     refresh();
 }
 
@@ -147,21 +134,20 @@ void EditMenu::follow(QWidget* focus)
     // The menu bar takes the focus while it is used by keyboard; its entries still mean the text before.
     if (qobject_cast<QMenuBar*>(focus) || qobject_cast<QMenu*>(focus))
         return;
-    for (const auto& connection : std::as_const(m_connections))
-        disconnect(connection);
-    m_connections.clear();
-    if (m_focus)
+    if (m_focus) {
         m_focus->removeEventFilter(this);
+        m_focus->disconnect(this);
+    }
     m_focus = focus;
     if (auto* line = qobject_cast<QLineEdit*>(focus)) {
         line->installEventFilter(this);
-        m_connections << connect(line, &QLineEdit::selectionChanged, this, &EditMenu::refresh)
-                      << connect(line, &QLineEdit::textChanged, this, &EditMenu::refresh);
+        connect(line, &QLineEdit::selectionChanged, this, &EditMenu::refresh);
+        connect(line, &QLineEdit::textChanged, this, &EditMenu::refresh);
     } else if (auto* text = qobject_cast<QTextEdit*>(focus)) {
-        m_connections << connect(text, &QTextEdit::textChanged, this, &EditMenu::refresh)
-                      << connect(text, &QTextEdit::copyAvailable, this, &EditMenu::refresh)
-                      << connect(text, &QTextEdit::undoAvailable, this, &EditMenu::refresh)
-                      << connect(text, &QTextEdit::redoAvailable, this, &EditMenu::refresh);
+        connect(text, &QTextEdit::textChanged, this, &EditMenu::refresh);
+        connect(text, &QTextEdit::copyAvailable, this, &EditMenu::refresh);
+        connect(text, &QTextEdit::undoAvailable, this, &EditMenu::refresh);
+        connect(text, &QTextEdit::redoAvailable, this, &EditMenu::refresh);
     }
     refresh();
 }
@@ -178,9 +164,17 @@ bool EditMenu::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
+void EditMenu::readClipboard()
+{
+    const QMimeData* offered = m_focus ? QGuiApplication::clipboard()->mimeData() : nullptr;
+    m_clipboardHasText = !m_focus || (offered != nullptr && offered->hasText());
+    refresh();
+}
+
 void EditMenu::refresh()
 {
-    const Target target = Target::of(m_focus);
+    Target target = Target::of(m_focus);
+    target.pastable = target.pastable && m_clipboardHasText;
     for (const Entry& entry : std::as_const(m_entries))
         entry.action->setEnabled(target.*entry.able);
 }

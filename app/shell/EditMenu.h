@@ -9,6 +9,9 @@ class QAction;
 namespace zelta {
 
 /// Undo to Select All for whatever text has the focus, each enabled exactly while it can do something.
+///
+/// What is in the clipboard is asked for when it changes and when the menu opens, not at each key: the
+/// program that owns it has to answer, and may be slow or hang.
 class EditMenu final : public QMenu
 {
 public:
@@ -23,6 +26,7 @@ private:
     QAction* add(const QString& text, const QKeySequence& shortcut, bool Target::*able,
                  std::function<void()> Target::*run);
     void follow(QWidget* focus);
+    void readClipboard();
     void refresh();
 
     struct Entry
@@ -33,7 +37,7 @@ private:
 
     QPointer<QWidget> m_focus;
     QList<Entry> m_entries;
-    QList<QMetaObject::Connection> m_connections;
+    bool m_clipboardHasText = true; ///< Or may have: it has not been asked.
 };
 
 } // namespace zelta

@@ -33,12 +33,13 @@ Lifetime::Lifetime(QWidget& window, Clock& clock)
     : m_window(window)
     , m_clock(clock)
 {
-    window.installEventFilter(this);
+    qApp->installEventFilter(this);
     // Queued: one save may be called off only to make room for the next, as a row that hands on its text
     // does.
     m_clock.setSavesSettledHandler(
         [this] { QMetaObject::invokeMethod(this, &Lifetime::quitWhenSaved, Qt::QueuedConnection); });
     watchSignals();
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { m_clock.runSaves(); });
 }
 
 Lifetime::~Lifetime()
@@ -51,12 +52,14 @@ bool Lifetime::eventFilter(QObject* watched, QEvent* event)
     // Queued: the window hides only after this event, and its rows hand on their text while it does.
     if (watched == &m_window && event->type() == QEvent::Close) {
         m_closed = true;
-        // An open question goes with its window.
+        // A signal may come while a question is open, which then goes with its window.
         for (QWidget* other : QApplication::topLevelWidgets()) {
             if (other != &m_window && other->isVisible())
                 other->close();
         }
         QMetaObject::invokeMethod(this, &Lifetime::quitWhenSaved, Qt::QueuedConnection);
+    } else if (event->type() == QEvent::Quit) {
+        m_clock.runSaves();
     }
     return QObject::eventFilter(watched, event);
 }

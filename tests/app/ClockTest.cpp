@@ -73,6 +73,33 @@ TEST(Clock, SavesSettleOnlyWhenAChainOfSavesHasEnded)
     EXPECT_EQ(settled, 1);
 }
 
+TEST(Clock, RunsSavesAtOnceWhenAskedWithThoseThatTheyStart)
+{
+    test::HandClock clock;
+    int written = 0;
+    int shown = 0;
+    Clock::Task second;
+    const auto display = clock.after(1ms, [&] { ++shown; });
+    const auto first = clock.after(
+        10ms,
+        [&] {
+            second = clock.after(
+                10ms, [&] { ++written; }, Clock::Purpose::save);
+        },
+        Clock::Purpose::save);
+    clock.runSaves();
+    EXPECT_EQ(written, 1);
+    EXPECT_EQ(shown, 0);
+    EXPECT_FALSE(clock.hasPendingSaves());
+    clock.advance(1s);
+    EXPECT_EQ(written, 1);
+
+    std::function<void()> fail = [&] { second = clock.after(10ms, fail, Clock::Purpose::save); };
+    fail();
+    clock.runSaves(); // comes back though each save fails
+    EXPECT_TRUE(clock.hasPendingSaves());
+}
+
 TEST(Clock, ACancelledSaveIsNoLongerPending)
 {
     test::HandClock clock;

@@ -17,6 +17,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPointer>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -345,6 +346,48 @@ TEST_F(ShellTest, TheEditMenuIsEnabledExactlyWhereTheFocusedTextCan)
     EXPECT_FALSE(able(QStringLiteral("Copy")));
 }
 
+/// A text in the clipboard that counts how often it is asked for.
+class CountingData final : public QMimeData
+{
+public:
+    explicit CountingData(int& questions)
+        : m_questions(questions)
+    {
+        setText(QStringLiteral("offered"));
+    }
+
+    [[nodiscard]] bool hasFormat(const QString& type) const override
+    {
+        ++m_questions;
+        return QMimeData::hasFormat(type);
+    }
+
+private:
+    int& m_questions;
+};
+
+TEST_F(ShellTest, TypingDoesNotAskTheClipboardsOwner)
+{
+    QLineEdit field(&window);
+    show();
+    field.show();
+    int questions = 0;
+    QGuiApplication::clipboard()->setMimeData(new CountingData(questions));
+    const int before = questions;
+    field.setFocus();
+    QTest::keyClicks(&field, QStringLiteral("12"));
+    field.selectAll();
+    EXPECT_EQ(questions, before) << "it may hang";
+    QMenu* edit = menu(QStringLiteral("Edit"));
+    Q_EMIT edit->aboutToShow();
+    EXPECT_GT(questions, before);
+    const auto isPasteAble = [edit] { return edit->actions().at(5)->isEnabled(); };
+    ASSERT_EQ(edit->actions().at(5)->text(), QStringLiteral("&Paste"));
+    EXPECT_TRUE(isPasteAble());
+    QGuiApplication::clipboard()->setMimeData(new QMimeData);
+    EXPECT_FALSE(isPasteAble());
+}
+
 TEST_F(ShellTest, TheEditMenuFollowsAParagraphThatIsEmptied)
 {
     QTextEdit text(&window);
@@ -436,6 +479,18 @@ TEST_F(ShellTest, TheProcessOutlivesItsWindowUntilDelayedSavesHaveBeenWritten)
         qApp, [this] { test.clock.advance(1500ms); }, Qt::QueuedConnection);
     EXPECT_TRUE(quits());
     EXPECT_EQ(test.model.store().history(1).size(), 1U);
+}
+
+TEST_F(ShellTest, AnEndThatDoesNotWaitSavesAtOnce)
+{
+    const Lifetime lifetime(window, test.clock);
+    show();
+    test.model.autoRecord(Module::percent, "t", {{"a", "b", {}, {}, {}}});
+    // As at the end of a desktop's session.
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    EXPECT_TRUE(quits());
+    EXPECT_EQ(test.model.store().history(2).size(), 1U);
+    EXPECT_FALSE(test.clock.hasPendingSaves());
 }
 
 TEST_F(ShellTest, SignalsThatAskToEndCloseTheWindow)
