@@ -20,7 +20,6 @@ class Calendar
 {
 public:
     static constexpr int firstWeekday = 2; ///< Monday.
-    static constexpr int minimumDaysInFirstWeek = 4; ///< As ISO 8601 numbers weeks.
 
     /// An unknown identifier gives the system's zone.
     explicit Calendar(std::string_view timeZoneIdentifier);

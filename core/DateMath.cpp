@@ -43,12 +43,6 @@ std::string counted(std::int64_t number, std::string_view noun)
     return counted(fmt::format("{}", number), number, noun);
 }
 
-std::string totalWeeksText(std::int64_t totalDays)
-{
-    const auto weeks = Num::divide(Decimal(totalDays), Decimal(daysPerWeek));
-    return Num::string(Num::round(weeks.value_or(Decimal()), 4), 4, true);
-}
-
 ResultRow daylightSavingRow(const Duration& span)
 {
     const std::int64_t difference = span.elapsedSeconds - span.totalDays * secondsPerDay;
@@ -98,7 +92,7 @@ std::vector<ResultRow> Duration::rows() const
     add(Weight::primary, "To", CalendarKit::longDate(end, calendar));
     add(Weight::primary, "Weeks and days",
         counted(Num::integer(totalWeeks), totalWeeks, "week") + " " + counted(remainderDays, "day"));
-    add(Weight::primary, "Total weeks", totalWeeksText(totalDays));
+    add(Weight::primary, "Total weeks", Num::string(Decimal(totalDays) / daysPerWeek, 4, true));
     add(Weight::primary, "Total months", Num::integer(totalMonths), "whole calendar months");
     add(Weight::primary, "Weekend days", Num::integer(weekendDays));
     add(Weight::detail, "Hours", Num::integer(totalDays * 24));

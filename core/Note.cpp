@@ -155,13 +155,3 @@ std::vector<NoteBlock> Note::decodeBlocks(std::string_view text)
 }
 
 } // namespace zelta
-
-std::size_t std::hash<zelta::Note>::operator()(const zelta::Note& note) const
-{
-    const auto mix = [](std::size_t seed, std::size_t value) { return seed * 31 + value; };
-    std::size_t seed = std::hash<std::int64_t> {}(note.id);
-    for (const zelta::NoteBlock& block : note.blocks)
-        seed = mix(seed, std::hash<zelta::NoteBlock> {}(block));
-    seed = mix(seed, std::hash<std::int64_t> {}(note.createdAt.time_since_epoch().count()));
-    return mix(seed, std::hash<std::int64_t> {}(note.updatedAt.time_since_epoch().count()));
-}

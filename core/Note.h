@@ -76,21 +76,3 @@ struct NoteStamp
 };
 
 } // namespace zelta
-
-// Written out as a namespace: the meta-object compiler cannot read `struct std::hash<…>`.
-namespace std {
-
-template <> struct hash<zelta::NoteBlock>
-{
-    size_t operator()(const zelta::NoteBlock& block) const
-    {
-        return block.id.hash() ^ hash<string> {}(block.text);
-    }
-};
-
-template <> struct hash<zelta::Note>
-{
-    size_t operator()(const zelta::Note& note) const;
-};
-
-} // namespace std

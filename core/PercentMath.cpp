@@ -10,7 +10,7 @@ namespace {
 
 std::string percentText(const Decimal& value)
 {
-    return Num::string(value, 4, true) + "%";
+    return Num::percent(value, 4, false);
 }
 
 std::string amountText(const Decimal& value)
@@ -21,11 +21,6 @@ std::string amountText(const Decimal& value)
 std::string amountOrDash(const std::optional<Decimal>& value)
 {
     return value ? amountText(*value) : "—";
-}
-
-Decimal hundredth(const Decimal& value)
-{
-    return Num::divide(value, 100).value_or(Decimal());
 }
 
 } // namespace
@@ -60,10 +55,9 @@ std::vector<ResultRow> Relationship::rows() const
     if (const auto share = bOfA())
         rows.push_back({"Y is this much of X", percentText(*share), {}});
     if (const auto change = changeAToB()) {
-        const char* plus = *change > 0 ? "+" : "";
         // No change at all counts as an increase; its neutral tone says that nothing moved.
         const char* note = *change < 0 ? "decrease" : "increase";
-        rows.push_back(ResultRow::withSign("Change X → Y", plus + percentText(*change), *change, note));
+        rows.push_back(ResultRow::withSign("Change X → Y", Num::percent(*change, 4, true), *change, note));
     }
     const Decimal difference = absoluteDifference();
     rows.push_back(ResultRow::withSign("Difference (Y − X)", amountText(difference), difference));
@@ -89,13 +83,13 @@ std::vector<ResultRow> ChangeResult::rows() const
 
 ChangeResult change(const Decimal& value, const Decimal& percent)
 {
-    const Decimal delta = hundredth(value * percent);
+    const Decimal delta = value * percent / 100;
     return {value, percent, value + delta, value - delta, delta};
 }
 
 std::optional<Decimal> reverseChange(const Decimal& final, const Decimal& percent)
 {
-    return Num::divide(final, 1 + hundredth(percent));
+    return Num::divide(final, 1 + percent / 100);
 }
 
 } // namespace zelta::PercentMath

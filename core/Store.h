@@ -21,8 +21,8 @@ namespace zelta {
 /// program works on and only forgets at its end.
 ///
 /// No operation throws. One that fails returns false, nothing or an empty list and leaves its text in
-/// `lastError()`. All may be called from any thread; a lock that another process holds is waited for up to
-/// one second.
+/// `lastError()`; a read that breaks off under way gives the rows so far, and no text. All may be called from
+/// any thread; a lock that another process holds is waited for up to one second.
 class Store
 {
 public:

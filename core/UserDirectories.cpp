@@ -1,7 +1,6 @@
 #include "core/UserDirectories.h"
 
 #include <cstdlib>
-#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -16,7 +15,7 @@ namespace {
 
 std::filesystem::path pathFromEnvironment(const char* name)
 {
-    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing here changes it
+    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): asked once, at the start
     return value == nullptr ? "" : value;
 }
 

@@ -51,10 +51,16 @@ std::span<const WeekendRule::Preset> WeekendRule::presets()
     return all;
 }
 
+const WeekendRule::Preset& WeekendRule::preset(std::string_view id)
+{
+    const auto all = presets();
+    const auto found = std::ranges::find(all, id, &Preset::id);
+    return found == all.end() ? all.front() : *found;
+}
+
 WeekendRule WeekendRule::forPresetId(std::string_view id)
 {
-    const auto found = std::ranges::find(presets(), id, &Preset::id);
-    return found == presets().end() ? satSun() : found->rule;
+    return preset(id).rule;
 }
 
 int WeekendRule::daysPerWeek() const

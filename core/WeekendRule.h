@@ -28,7 +28,8 @@ struct WeekendRule
     /// The rules to choose from, in the order of the picker.
     static std::span<const Preset> presets();
 
-    /// The rule of the preset with exactly this id; Saturday and Sunday for an unknown one.
+    /// The preset with exactly this id; that of Saturday and Sunday for an unknown one.
+    static const Preset& preset(std::string_view id);
     static WeekendRule forPresetId(std::string_view id);
 
     [[nodiscard]] bool isWeekend(int weekday) const { return days.contains(weekday); }

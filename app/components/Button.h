@@ -14,8 +14,8 @@ namespace zelta {
 /// neither ends typing nor steals Enter.
 ///
 ///     auto* copy = new Button(QStringLiteral("Copy note"), "doc.on.doc", this);
-///     copy->showConfirmation(QStringLiteral("Copied"));     // check mark, same width, until
-///     clearConfirmation()
+///     copy->showConfirmation(QStringLiteral("Copied"));     // with a check mark, at the same width
+///     copy->clearConfirmation();
 class Button : public QPushButton
 {
     Q_OBJECT

@@ -6,8 +6,9 @@
 
 namespace zelta {
 
-/// One day of a month: a click selects it, its context menu copies its date. Its tool tip and accessible name
-/// is the whole date. A selected day takes the focus by Tab, the others only when they are given it.
+/// One day of a month: a click selects it. Its tool tip and accessible name say the whole date; on the page
+/// also whether that is a weekend, and a context menu copies it. A selected day takes the focus by Tab, the
+/// others only when they are given it.
 class DayTile : public QAbstractButton
 {
     Q_OBJECT

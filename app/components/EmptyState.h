@@ -5,8 +5,6 @@
 
 namespace zelta {
 
-class Label;
-
 /// What a list shows while it has nothing: symbol, title and a sentence, centred one below the other, the
 /// first 28 px below the top of its card.
 class EmptyState : public QWidget

@@ -41,14 +41,9 @@ FlowLayout::FlowLayout(QWidget* parent, int spacing, int lineSpacing)
     setContentsMargins(0, 0, 0, 0);
 }
 
-FlowLayout::~FlowLayout()
-{
-    qDeleteAll(m_items);
-}
-
 void FlowLayout::addItem(QLayoutItem* item)
 {
-    m_items.append(item);
+    m_items.emplace_back(item);
 }
 
 int FlowLayout::count() const
@@ -58,12 +53,16 @@ int FlowLayout::count() const
 
 QLayoutItem* FlowLayout::itemAt(int index) const
 {
-    return m_items.value(index);
+    return index >= 0 && index < count() ? m_items[static_cast<std::size_t>(index)].get() : nullptr;
 }
 
 QLayoutItem* FlowLayout::takeAt(int index)
 {
-    return index >= 0 && index < count() ? m_items.takeAt(index) : nullptr;
+    if (index < 0 || index >= count())
+        return nullptr;
+    QLayoutItem* taken = m_items[static_cast<std::size_t>(index)].release();
+    m_items.erase(m_items.begin() + index);
+    return taken;
 }
 
 Qt::Orientations FlowLayout::expandingDirections() const
@@ -129,9 +128,9 @@ Flow FlowLayout::measure(std::optional<double> width) const
 std::vector<QLayoutItem*> FlowLayout::visibleItems() const
 {
     std::vector<QLayoutItem*> items;
-    for (QLayoutItem* item : m_items) {
+    for (const auto& item : m_items) {
         if (!item->isEmpty())
-            items.push_back(item);
+            items.push_back(item.get());
     }
     return items;
 }

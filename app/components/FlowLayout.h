@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QLayout>
-#include <QList>
 #include <QPointF>
 #include <QSizeF>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -44,9 +44,6 @@ public:
 
     explicit FlowLayout(QWidget* parent = nullptr, int spacing = defaultSpacing,
                         int lineSpacing = defaultSpacing);
-    ~FlowLayout() override;
-    FlowLayout(const FlowLayout&) = delete;
-    FlowLayout& operator=(const FlowLayout&) = delete;
 
     void addItem(QLayoutItem* item) override;
     [[nodiscard]] int count() const override;
@@ -64,7 +61,7 @@ private:
     [[nodiscard]] Flow measure(std::optional<double> width) const;
     [[nodiscard]] std::vector<QLayoutItem*> visibleItems() const;
 
-    QList<QLayoutItem*> m_items;
+    std::vector<std::unique_ptr<QLayoutItem>> m_items;
     int m_lineSpacing;
 };
 

@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QTextEdit>
 #include <QWidget>
 #include <QWindow>
@@ -16,7 +15,7 @@ namespace {
 bool takesKeys(const QWidget* focus)
 {
     return qobject_cast<const QLineEdit*>(focus) || qobject_cast<const QTextEdit*>(focus)
-        || qobject_cast<const QPlainTextEdit*>(focus) || qobject_cast<const QMenuBar*>(focus);
+        || qobject_cast<const QMenuBar*>(focus);
 }
 
 } // namespace
@@ -29,8 +28,6 @@ KeyMonitor::KeyMonitor(QWidget* page, KeyMap keyMap)
     page->installEventFilter(this);
     setListening(page->isVisible());
 }
-
-KeyMonitor::~KeyMonitor() = default;
 
 bool KeyMonitor::eventFilter(QObject* watched, QEvent* event)
 {

@@ -20,7 +20,6 @@ public:
 
     /// Owned by the page.
     KeyMonitor(QWidget* page, KeyMap keyMap);
-    ~KeyMonitor() override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -5,8 +5,8 @@
 
 namespace zelta {
 
-/// A page's badge: a rounded square in the page's tint with its symbol in white. Hidden from assistive
-/// technology.
+/// A page's badge: a rounded square in the page's tint with its symbol in white. Decoration, without
+/// a name for assistive technology.
 class ModuleGlyph : public QWidget
 {
     Q_OBJECT

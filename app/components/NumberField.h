@@ -4,11 +4,8 @@
 
 class QHBoxLayout;
 class QLineEdit;
-class QVBoxLayout;
 
 namespace zelta {
-
-class Label;
 
 /// A text field for a number, with what belongs around it: label above, suffix after, explanation below.
 /// While its text cannot be read as a number the line "Not a number" stands under the field; a blank text is

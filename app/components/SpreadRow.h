@@ -16,7 +16,7 @@ public:
 
     SpreadRow(QWidget* first, QWidget* second, QWidget* parent = nullptr);
 
-    /// That of the narrowest arrangement, whichever is in force.
+    /// As wide as the narrowest arrangement, as high as the one in force.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:

@@ -7,7 +7,7 @@
 
 namespace zelta {
 
-/// A symbol on its own, in a theme colour. Decoration: hidden from assistive technology.
+/// A symbol on its own, in a theme colour. Decoration, without a name for assistive technology.
 class SymbolIcon : public QWidget
 {
     Q_OBJECT

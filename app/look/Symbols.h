@@ -6,7 +6,6 @@
 #include <string_view>
 
 class QPainter;
-class QPointF;
 class QRectF;
 
 namespace zelta {

@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QFont>
 #include <QPalette>
+#include <algorithm>
 
 namespace zelta {
 
@@ -135,12 +136,22 @@ constexpr double smallRadius = 7; ///< small buttons, day chips
 constexpr double tipRadius = 6;
 constexpr double badgeRadius = 0.27; ///< of the badge's side
 
+constexpr int smallestWindowHeight = 620;
+constexpr int windowHeight = 760; ///< the first time
+
+/// What grows with the window: `low` in the smallest, `high` from the usual one on.
+constexpr int forWindow(int height, int low, int high)
+{
+    return std::clamp(
+        low + (height - smallestWindowHeight) * (high - low) / (windowHeight - smallestWindowHeight), low,
+        high);
+}
+
 constexpr int menuBarHeight = 32;
 constexpr int fieldHeight = 36; ///< text fields and pickers
 constexpr int buttonHeight = 32;
 constexpr int smallButtonHeight = 28;
 constexpr int pillHeight = 28;
-constexpr int pillBackingHeight = 36;
 constexpr int menuItemHeight = 28;
 constexpr int scrollBarWidth = 12; ///< an 8 px handle and 4 px to the edge
 

@@ -22,13 +22,6 @@ std::string summaryOf(const std::vector<ResultRow>& rows)
     return headline == rows.end() ? plainText(rows.front()) : headline->label + ": " + headline->value;
 }
 
-std::string_view presetName(std::string_view id)
-{
-    const auto presets = WeekendRule::presets();
-    const auto preset = std::ranges::find(presets, id, &WeekendRule::Preset::id);
-    return preset == presets.end() ? presets.front().name : preset->name;
-}
-
 } // namespace
 
 AppModel::AppModel(std::unique_ptr<Store> store, Clock& clock, QObject* parent)
@@ -75,16 +68,17 @@ Instant AppModel::today() const
     return CalendarKit::startOfDay(m_clock.now(), calendar());
 }
 
-std::string AppModel::clockText(Instant instant) const
+std::string AppModel::clockText(Instant instant, const Calendar& calendar) const
 {
-    return m_use24Hour ? CalendarKit::clock(instant, calendar()) : CalendarKit::clock12(instant, calendar());
+    return m_use24Hour ? CalendarKit::clock(instant, calendar) : CalendarKit::clock12(instant, calendar);
 }
 
 std::string AppModel::subtitle(Module module) const
 {
     if (module != Module::settings)
         return std::string(fixedSubtitle(module));
-    return std::string(presetName(m_weekendPresetID)) + (m_use24Hour ? ", 24-hour clock" : ", 12-hour clock");
+    return WeekendRule::preset(m_weekendPresetID).name
+        + (m_use24Hour ? ", 24-hour clock" : ", 12-hour clock");
 }
 
 void AppModel::setSelection(Module module)
@@ -95,12 +89,13 @@ void AppModel::setSelection(Module module)
     m_store->setSetting("module", rawValue(module));
 }
 
-void AppModel::setWeekendPresetID(const std::string& id)
+void AppModel::setWeekendPresetID(std::string id)
 {
-    const bool changed = std::exchange(m_weekendPresetID, id) != id;
+    const bool changed = m_weekendPresetID != id;
+    m_weekendPresetID = std::move(id);
     if (changed)
         Q_EMIT weekendRuleChanged();
-    m_store->setSetting("weekend", std::string_view(id));
+    m_store->setSetting("weekend", std::string_view(m_weekendPresetID));
 }
 
 void AppModel::setUse24Hour(bool use24Hour)

@@ -56,12 +56,13 @@ public:
     /// The first moment of the current civil day.
     [[nodiscard]] Instant today() const;
     /// Time of day in the user's clock format, without seconds: "9:05 AM" or "09:05".
-    [[nodiscard]] std::string clockText(Instant instant) const;
+    [[nodiscard]] std::string clockText(Instant instant) const { return clockText(instant, calendar()); }
+    [[nodiscard]] std::string clockText(Instant instant, const Calendar& calendar) const;
     /// The line under a page's title.
     [[nodiscard]] std::string subtitle(Module module) const;
 
     void setSelection(Module module);
-    void setWeekendPresetID(const std::string& id);
+    void setWeekendPresetID(std::string id);
     void setUse24Hour(bool use24Hour);
 
     /// Writes one history entry now and announces it for two seconds. No rows, no entry.

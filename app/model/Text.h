@@ -6,7 +6,8 @@
 
 namespace zelta {
 
-/// The one crossing between the core's UTF-8 and Qt's UTF-16. Malformed input becomes U+FFFD.
+/// The one crossing between the core's UTF-8 and Qt's UTF-16. Malformed UTF-8 becomes U+FFFD; half a
+/// surrogate pair, which UTF-8 cannot hold, becomes "?".
 inline QString toQt(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -32,8 +32,6 @@ constexpr int wideKeypad = 380;
 constexpr int narrowTape = 278;
 
 // Keys shrink with the window's height down to its smallest.
-constexpr int smallestWindow = 620;
-constexpr int tallWindow = 760;
 /// From here on a shorter tape and the shortcuts fit the window together.
 constexpr int roomyWindow = 730;
 constexpr int shortTape = 240;
@@ -214,9 +212,7 @@ void CalculatorView::resizeEvent(QResizeEvent* event)
 void CalculatorView::fitToWindow()
 {
     const int height = window()->height();
-    const int keyHeight = Keypad::shortKey
-        + (height - smallestWindow) * (Keypad::tallKey - Keypad::shortKey) / (tallWindow - smallestWindow);
-    m_keypad->setKeyHeight(std::clamp(keyHeight, Keypad::shortKey, Keypad::tallKey));
+    m_keypad->setKeyHeight(Metric::forWindow(height, Keypad::shortKey, Keypad::tallKey));
     // The tape ends with the keypad at the lowest; where the shortcuts fit below it, it makes room for them.
     const int keypadHeight = m_keypadCard->height();
     m_tape->setMinimumHeight(height >= roomyWindow ? shortTape : keypadHeight);

@@ -13,7 +13,6 @@ class AppModel;
 class CalculatorDisplay;
 class Flash;
 class Keypad;
-class ShortcutsPanel;
 class TapePanel;
 
 /// The page "Calculator": display, keypad and tape around one `Calculator`, which lives as long as the page.

@@ -24,16 +24,9 @@ namespace zelta {
 
 namespace {
 
-/// A small window gets lower tiles, so that most of a month of six weeks stays in sight.
-int tileHeight(int windowHeight)
-{
-    constexpr int low = 44;
-    constexpr int high = 54;
-    constexpr int smallWindow = 620;
-    constexpr int regularWindow = 760;
-    return std::clamp(low + (windowHeight - smallWindow) * (high - low) / (regularWindow - smallWindow), low,
-                      high);
-}
+// A small window gets lower tiles, so that most of a month of six weeks stays in sight.
+constexpr int lowTile = 44;
+constexpr int highTile = 54;
 
 /// Two texts of different size on one baseline.
 QLayout* baselineRow(Label* large, Label* small)
@@ -273,7 +266,7 @@ void CalendarPageView::waitForMidnight()
 
 void CalendarPageView::fitTiles()
 {
-    m_grid->setTileHeight(tileHeight(window()->height()));
+    m_grid->setTileHeight(Metric::forWindow(window()->height(), lowTile, highTile));
 }
 
 } // namespace zelta

@@ -15,7 +15,6 @@ class AppModel;
 class CopyChip;
 class Label;
 class MonthGrid;
-class SpreadRow;
 class Tag;
 
 /// A month at a glance with the weekend shaded, turned over with buttons or keys; a day's date can be copied.

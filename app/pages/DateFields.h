@@ -11,9 +11,9 @@ namespace zelta {
 /// texts that are no date: those are unfinished, not wrong, and what is typed is never rewritten meanwhile.
 ///
 ///     DateFields fields {"31", "04", "2026"};
-///     fields.read(calendar)          // Entry::notReal, date in force unchanged
+///     fields.read(calendar)          // State::notReal, date in force unchanged
 ///     fields.day = "7";
-///     fields.read(calendar)          // Entry::real: 7 April 2026, and the field still says "7"
+///     fields.read(calendar)          // State::real: 7 April 2026, and the field still says "7"
 struct DateFields
 {
     enum class State { unfinished, notReal, real };

@@ -11,7 +11,6 @@ class QLineEdit;
 namespace zelta {
 
 class AppModel;
-class Button;
 class CopyableText;
 class DatePicker;
 class IconButton;

@@ -45,14 +45,13 @@ DatePicker::DatePicker(AppModel& model, QWidget& owner)
     column->addWidget(m_grid);
     m_grid->setFixedWidth(popoverWidth - 2 * padding);
     connect(m_grid, &MonthGrid::dayChosen, this, [this](const DayCell& cell) {
-        if (pick([&cell](MonthCursor& cursor) { cursor.goTo(cell.date); }))
+        if (pick(cell.date))
             close();
     });
     connect(m_grid, &MonthGrid::moveRequested, this, [this](const DayCell& from, int days) {
-        pick([this, &from, days](MonthCursor& cursor) {
-            cursor.goTo(from.date);
-            cursor.moveSelected(days, m_model.dateOptions());
-        });
+        MonthCursor moved {from.date, from.date};
+        moved.moveSelected(days, m_model.dateOptions());
+        pick(moved.selected);
     });
     // Who goes on elsewhere has done with it.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
@@ -154,9 +153,9 @@ void DatePicker::hideEvent(QHideEvent* event)
 void DatePicker::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_PageUp)
-        moveByMonth(-1);
+        pick(CalendarGrid::shift(m_cursor.selected, -1, m_model.dateOptions()));
     else if (event->key() == Qt::Key_PageDown)
-        moveByMonth(1);
+        pick(CalendarGrid::shift(m_cursor.selected, 1, m_model.dateOptions()));
     else if (event->key() == Qt::Key_Escape)
         close();
     else
@@ -181,23 +180,13 @@ void DatePicker::paintEvent(QPaintEvent* /*event*/)
 }
 
 /// Moves the date and tells of it. False, and nothing changes, outside of the years that can be typed.
-bool DatePicker::pick(const std::function<void(MonthCursor&)>& move)
+bool DatePicker::pick(Instant day)
 {
-    MonthCursor moved = m_cursor;
-    move(moved);
-    if (m_model.dateOptions().calendar().civilDay(moved.selected).year > lastYear)
+    if (m_model.dateOptions().calendar().civilDay(day).year > lastYear)
         return false;
-    m_cursor = moved;
-    refresh();
-    Q_EMIT datePicked(m_cursor.selected);
+    setDate(day);
+    Q_EMIT datePicked(day);
     return true;
-}
-
-void DatePicker::moveByMonth(int months)
-{
-    pick([this, months](MonthCursor& cursor) {
-        cursor.goTo(CalendarGrid::shift(cursor.selected, months, m_model.dateOptions()));
-    });
 }
 
 /// Turning over the month picks nothing: the date stays until a day is chosen.

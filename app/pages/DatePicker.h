@@ -4,7 +4,6 @@
 
 #include <QPointer>
 #include <QWidget>
-#include <functional>
 
 namespace zelta {
 
@@ -49,8 +48,7 @@ protected:
 private:
     QLayout* makeHead();
     [[nodiscard]] bool isOutside(const QPoint& globalPosition) const;
-    bool pick(const std::function<void(MonthCursor&)>& move);
-    void moveByMonth(int months);
+    bool pick(Instant day);
     void step(int months);
     void refresh();
 

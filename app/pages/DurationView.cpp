@@ -17,6 +17,7 @@
 #include "app/pages/DateInput.h"
 #include "core/CalendarKit.h"
 #include "core/DateMath.h"
+#include "core/DateOptions.h"
 
 #include <QVBoxLayout>
 #include <array>

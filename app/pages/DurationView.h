@@ -1,7 +1,5 @@
 #pragma once
 
-#include "core/DateOptions.h"
-
 #include <QWidget>
 
 namespace zelta {

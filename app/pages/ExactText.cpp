@@ -79,7 +79,9 @@ void ExactText::replace(qsizetype from, qsizetype removed, QStringView inserted)
         removed = before.size();
         known = remembered(inserted);
     }
-    const std::vector<Break> returning = known != nullptr ? known->breaks : std::vector<Break> {};
+    std::vector<Break> returning = known != nullptr ? known->breaks : std::vector<Break> {};
+    for (Break& b : returning)
+        b.position += from;
 
     Stretch gone {.shown = before.toString(), .breaks = {}};
     const auto first = breakFrom(from);
@@ -89,9 +91,7 @@ void ExactText::replace(qsizetype from, qsizetype removed, QStringView inserted)
     });
     const qsizetype shift = inserted.size() - removed;
     std::for_each(last, m_breaks.end(), [shift](Break& b) { b.position += shift; });
-    auto place = m_breaks.erase(first, last);
-    for (const Break& b : returning)
-        place = m_breaks.insert(place, {b.position + from, b.kind}) + 1;
+    m_breaks.insert(m_breaks.erase(first, last), returning.begin(), returning.end());
 
     m_votes += votesOf(inserted) - votesOf(before);
     m_shown.replace(from, removed, inserted.data(), inserted.size());

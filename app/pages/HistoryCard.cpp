@@ -119,14 +119,9 @@ IconButton* HistoryCard::deleteButton() const
     return m_delete;
 }
 
-bool HistoryCard::hasHeightForWidth() const
-{
-    return true;
-}
-
 int HistoryCard::heightForWidth(int width) const
 {
-    return place(width, false);
+    return place(width, Parts::stay);
 }
 
 void HistoryCard::paintEvent(QPaintEvent* /*event*/)
@@ -141,7 +136,7 @@ void HistoryCard::paintEvent(QPaintEvent* /*event*/)
 
 void HistoryCard::resizeEvent(QResizeEvent* /*event*/)
 {
-    static_cast<void>(place(width(), true));
+    place(width(), Parts::move);
 }
 
 void HistoryCard::toggleDetail()
@@ -154,14 +149,15 @@ void HistoryCard::toggleDetail()
     m_detail->setVisible(shows);
     m_toggle->setLabel(shows ? QStringLiteral("Hide details") : QStringLiteral("Show details"));
     m_toggle->setSymbol(shows ? "chevron-up" : "chevron-down");
-    static_cast<void>(place(width(), true));
+    place(width(), Parts::move);
     Q_EMIT heightChanged();
     update();
 }
 
 /// Finds where all parts go at this width, moves them there if asked, and gives the height that they need.
-int HistoryCard::place(int width, bool move) const
+int HistoryCard::place(int width, Parts parts) const
 {
+    const bool move = parts == Parts::move;
     int right = width - side;
     for (Button* control : {static_cast<Button*>(m_delete), static_cast<Button*>(m_copy), m_toggle}) {
         const QSize size = control->sizeHint();

@@ -38,7 +38,6 @@ public:
     [[nodiscard]] std::vector<QWidget*> controls() const;
     [[nodiscard]] IconButton* deleteButton() const;
 
-    [[nodiscard]] bool hasHeightForWidth() const override;
     [[nodiscard]] int heightForWidth(int width) const override;
 
 Q_SIGNALS:
@@ -54,7 +53,8 @@ protected:
 
 private:
     void toggleDetail();
-    [[nodiscard]] int place(int width, bool move) const;
+    enum class Parts { stay, move };
+    int place(int width, Parts parts) const;
 
     HistoryEntry m_entry;
     Label* m_title;

@@ -49,11 +49,6 @@ HistoryDetail::HistoryDetail(const QString& text, QWidget* parent)
     all.mergeBlockFormat(lines);
 }
 
-bool HistoryDetail::hasHeightForWidth() const
-{
-    return true;
-}
-
 int HistoryDetail::heightForWidth(int width) const
 {
     document()->setTextWidth(width);

@@ -13,7 +13,6 @@ class HistoryDetail : public QTextEdit
 public:
     HistoryDetail(const QString& text, QWidget* parent);
 
-    [[nodiscard]] bool hasHeightForWidth() const override;
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:

@@ -1,9 +1,11 @@
 #include "app/pages/HistoryList.h"
 
+#include "app/components/CopyMark.h"
 #include "app/pages/HistoryCard.h"
 
 #include <QResizeEvent>
 #include <algorithm>
+#include <string>
 #include <unordered_map>
 #include <utility>
 
@@ -88,6 +90,14 @@ void HistoryList::rest(const QRect& seen)
     for (HistoryCard* card : m_cards) {
         if (card != nullptr && !card->geometry().intersects(seen))
             card->hide();
+    }
+}
+
+void HistoryList::showCopied(const CopyMark& mark)
+{
+    for (HistoryCard* card : m_cards) {
+        if (card != nullptr)
+            card->setCopied(mark.isOn(std::to_string(card->entry().id)));
     }
 }
 

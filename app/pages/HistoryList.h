@@ -8,6 +8,7 @@
 
 namespace zelta {
 
+class CopyMark;
 class HistoryCard;
 
 /// The cards of all entries, one below the other. A card is made when its place comes into view; until then
@@ -33,6 +34,9 @@ public:
     /// Hides all cards outside `seen`, for a page that is left: showing thousands of widgets at once takes
     /// longer than it may when the page is seen again.
     void rest(const QRect& seen);
+
+    /// The card whose entry's id is marked shows a check mark.
+    void showCopied(const CopyMark& mark);
 
     /// The card of an entry; null when it is not made yet or there is none.
     [[nodiscard]] HistoryCard* card(std::int64_t id) const;

@@ -34,7 +34,7 @@ constexpr int cardsAround = 320; // pixels above and below what is seen that are
 HistoryView::HistoryView(AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
-    , m_copyMark(model.clock(), [this] { showCopied(); })
+    , m_copyMark(model.clock(), [this] { m_list->showCopied(m_copyMark); })
 {
     setAccessibleName(toQt(title(Module::history))); // it has the focus when its last entry goes
     auto* column = new QVBoxLayout(this);
@@ -164,7 +164,7 @@ void HistoryView::load()
     // Zone and clock format are those of this moment, for cards that stay as well.
     m_list->setEntries(std::move(entries), [this, calendar = m_model.calendar()](const HistoryEntry& entry) {
         const std::string date = CalendarKit::fullDate(entry.createdAt, calendar);
-        return toQt(date + " · " + m_model.clockText(entry.createdAt));
+        return toQt(date + " · " + m_model.clockText(entry.createdAt, calendar));
     });
     layout()->activate(); // a card's height depends on the list's width
     fillView();
@@ -174,20 +174,6 @@ void HistoryView::copy(const HistoryEntry& entry)
 {
     copyText(toQt(entry.detail));
     m_copyMark.set(std::to_string(entry.id));
-}
-
-void HistoryView::showCopied()
-{
-    const auto mark = [this](bool copied) {
-        HistoryCard* card = m_marked ? m_list->card(*m_marked) : nullptr;
-        if (card != nullptr)
-            card->setCopied(copied);
-    };
-    mark(false);
-    const auto copied = std::find_if(m_ids.begin(), m_ids.end(),
-                                     [this](std::int64_t id) { return m_copyMark.isOn(std::to_string(id)); });
-    m_marked = copied == m_ids.end() ? std::nullopt : std::optional(*copied);
-    mark(true);
 }
 
 void HistoryView::remove(const HistoryEntry& entry)

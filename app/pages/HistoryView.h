@@ -5,7 +5,7 @@
 #include "core/HistoryEntry.h"
 
 #include <QWidget>
-#include <optional>
+#include <cstdint>
 #include <vector>
 
 class QScrollBar;
@@ -42,7 +42,6 @@ private:
     void fill(int around);
     [[nodiscard]] QRect seen() const;
     void copy(const HistoryEntry& entry);
-    void showCopied();
     void remove(const HistoryEntry& entry);
     void confirmClearing();
 
@@ -57,7 +56,6 @@ private:
     QScrollBar* m_scrollBar = nullptr;
     QWidget* m_empty = nullptr;
     CopyMark m_copyMark;
-    std::optional<std::int64_t> m_marked; ///< Whose card shows the check mark.
     Clock::Task m_cardsAround;
 };
 

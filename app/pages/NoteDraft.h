@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <deque>
-#include <string>
 #include <string_view>
 #include <vector>
 

@@ -16,13 +16,8 @@ NoteListModel::NoteListModel(Reader read, QObject* parent)
 
 void NoteListModel::setNotes(std::vector<NoteStamp> notes, Instant now, const Calendar& calendar)
 {
-    m_notes = std::move(notes);
-    arrange(now, calendar);
-}
-
-void NoteListModel::arrange(Instant now, const Calendar& calendar)
-{
     beginResetModel();
+    m_notes = std::move(notes);
     m_shown.clear();
     m_calendar = calendar;
     m_groups = groupNotes(m_notes, now, calendar);
@@ -51,7 +46,7 @@ void NoteListModel::updateNote(const NoteStamp& changed, Instant now, const Cale
 void NoteListModel::regroup(Instant now, const Calendar& calendar)
 {
     if (m_calendar != calendar || groupNotes(m_notes, now, calendar) != m_groups)
-        arrange(now, calendar);
+        setNotes(m_notes, now, calendar);
 }
 
 QModelIndex NoteListModel::indexOf(std::optional<std::int64_t> noteId) const

@@ -68,7 +68,6 @@ private:
         bool isRightToLeft = false;
     };
 
-    void arrange(Instant now, const Calendar& calendar);
     const Shown& shown(std::size_t place) const;
     QVariant noteData(std::size_t place, int role) const;
 

@@ -9,7 +9,7 @@ class IconButton;
 class SearchField;
 
 /// "New note", the search, and what can be done with the open note.
-class NotesToolbar final : public QWidget
+struct NotesToolbar final : public QWidget
 {
     Q_OBJECT
 

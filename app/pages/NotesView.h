@@ -14,15 +14,13 @@
 #include <string_view>
 #include <vector>
 
-class QHBoxLayout;
-
 namespace zelta {
 
 class AppModel;
 class NoteEditorPane;
 class NoteKeeper;
 class NotesListView;
-class NotesToolbar;
+struct NotesToolbar;
 
 /// The notes page: the list of notes with its search, and the open note as a column of paragraphs.
 ///

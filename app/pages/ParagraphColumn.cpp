@@ -30,7 +30,7 @@ constexpr int rowSpacing = 4;
 ParagraphColumn::ParagraphColumn(Clock& clock, QWidget* parent)
     : QScrollArea(parent)
     , m_clock(clock)
-    , m_content(new QWidget)
+    , m_content(new QWidget(viewport()))
 {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -5,12 +5,10 @@
 
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QPainter>
 #include <QScopedValueRollback>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
-#include <QTextLayout>
 #include <algorithm>
 
 namespace zelta {

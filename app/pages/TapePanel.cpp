@@ -120,7 +120,7 @@ QScrollArea* TapePanel::makeArea()
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     area->setMinimumHeight(2 * TapeLine::lineHeight);
-    auto* column = new QWidget;
+    auto* column = new QWidget(area->viewport());
     auto* layout = new QVBoxLayout(column);
     layout->setSpacing(0);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -30,8 +30,8 @@
 namespace zelta {
 namespace {
 
-constexpr QSize defaultSize {1120, 760};
-constexpr QSize smallestSize {940, 620};
+constexpr QSize defaultSize {1120, Metric::windowHeight};
+constexpr QSize smallestSize {940, Metric::smallestWindowHeight};
 
 /// The pages, below a line like the one at their side.
 class PageStack final : public QStackedWidget
@@ -50,25 +50,25 @@ protected:
     }
 };
 
-QWidget* makeContent(Module module, AppModel& model)
+QWidget* makeContent(Module module, AppModel& model, QWidget* parent)
 {
     switch (module) {
     case Module::calculator:
-        return new CalculatorView(model);
+        return new CalculatorView(model, parent);
     case Module::percent:
-        return new PercentView(model);
+        return new PercentView(model, parent);
     case Module::converter:
-        return new ConverterView(model);
+        return new ConverterView(model, parent);
     case Module::calendar:
-        return new CalendarPageView(model);
+        return new CalendarPageView(model, parent);
     case Module::notes:
-        return new NotesView(model);
+        return new NotesView(model, parent);
     case Module::duration:
-        return new DurationView(model);
+        return new DurationView(model, parent);
     case Module::history:
-        return new HistoryView(model);
+        return new HistoryView(model, parent);
     case Module::settings:
-        return new SettingsView(model);
+        return new SettingsView(model, parent);
     }
     return nullptr; // a page that is none
 }
@@ -162,7 +162,7 @@ PageChrome* MainWindow::page(Module module)
 {
     PageChrome*& page = m_built[static_cast<std::size_t>(module)];
     if (!page) {
-        page = new PageChrome(module, m_model, makeContent(module, m_model), m_pages);
+        page = new PageChrome(module, m_model, makeContent(module, m_model, m_pages), m_pages);
         m_pages->addWidget(page);
     }
     return page;

@@ -68,7 +68,7 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     : QScrollArea(parent)
     , m_module(module)
     , m_model(model)
-    , m_column(new QWidget)
+    , m_column(new QWidget(viewport()))
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
@@ -80,9 +80,8 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     auto* layout = new PageLayout(m_column, *this);
     layout->addWidget(makeHeader(m_column));
     layout->addSpacing(spacingBelowHeader(module));
-    const bool fills = content && content->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag;
-    if (content)
-        layout->addWidget(content, fills ? 1 : 0);
+    const bool fills = content->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag;
+    layout->addWidget(content, fills ? 1 : 0);
     if (!fills)
         layout->addStretch(1);
     setWidget(m_column);

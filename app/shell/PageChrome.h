@@ -17,7 +17,7 @@ class PageChrome final : public QScrollArea
     Q_OBJECT
 
 public:
-    /// Takes ownership of `content`; null shows the header alone.
+    /// Takes ownership of `content`.
     PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent);
 
     /// Puts the caret where typing on this page begins: its first field, or the paragraph of a note that had

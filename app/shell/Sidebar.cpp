@@ -68,8 +68,7 @@ QWidget* Sidebar::makeRows()
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setFocusPolicy(Qt::NoFocus);
     area->viewport()->setAutoFillBackground(false);
-    auto* list = new QWidget;
-    list->setAutoFillBackground(false);
+    auto* list = new QWidget(area->viewport());
     list->setAccessibleName(QStringLiteral("Pages"));
     auto* layout = new QVBoxLayout(list);
     layout->setContentsMargins(7, 0, 7, 0);

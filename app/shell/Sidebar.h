@@ -5,8 +5,6 @@
 #include <QWidget>
 #include <array>
 
-class QLayout;
-
 namespace zelta {
 
 class AppModel;

@@ -86,6 +86,9 @@ TEST_F(AppModelTest, EachSettingIsStoredWhenItChanges)
     EXPECT_EQ(hours.count(), 1);
     model.setUse24Hour(false);
     EXPECT_EQ(model.store().setting("clock24"), "0");
+    model.setWeekendPresetID(model.weekendPresetID());
+    EXPECT_EQ(model.store().setting("weekend"), "fri");
+    EXPECT_EQ(weekend.count(), 1);
 }
 
 TEST_F(AppModelTest, ClockTextFollowsTheFormat)

@@ -6,6 +6,7 @@
 #include "app/model/Text.h"
 #include "app/pages/HistoryDetail.h"
 #include "tests/app/support/HistoryStage.h"
+#include "tests/support/Environment.h"
 
 #include <gtest/gtest.h>
 
@@ -85,11 +86,19 @@ TEST_F(HistoryViewTest, FollowsTheZoneWhenShownAgain)
     save("a");
     show();
     view.hide();
-    const QByteArray before = qgetenv("TZ");
-    qputenv("TZ", "America/New_York");
+    const test::Environment zone("TZ", "America/New_York");
     show();
     EXPECT_TRUE(texts(*cards()[0]).contains(QStringLiteral("Sat, 07 Mar 2026 · 7:00 AM")));
-    qputenv("TZ", before);
+}
+
+TEST_F(HistoryViewTest, KeepsToOneZoneWhileItIsScrolled)
+{
+    saveMany(100);
+    show();
+    const test::Environment zone("TZ", "America/New_York");
+    scrollTo(end());
+    EXPECT_TRUE(texts(*cards().back()).contains(QStringLiteral("Wed, 31 Dec 1969 · 1:00 PM")))
+        << texts(*cards().back()).join(u'|').toStdString();
 }
 
 TEST_F(HistoryViewTest, ShowsAnEntryOfAnUnknownPage)

@@ -1,5 +1,6 @@
 #include "app/pages/NoteList.h"
 
+#include "app/pages/NoteListModel.h"
 #include "core/CalendarKit.h"
 
 #include <gtest/gtest.h>
@@ -91,6 +92,19 @@ TEST(NoteSelection, StaysOnlyWhenAskedAndStillThere)
     EXPECT_FALSE(selectionStays(notes, std::nullopt, OnReload::keepSelection));
     EXPECT_FALSE(selectionStays(notes, 1, OnReload::selectFirst));
     EXPECT_FALSE(selectionStays({}, 1, OnReload::keepSelection));
+}
+
+TEST(NoteListModel, TellsOfAResetBeforeItsRowsChange)
+{
+    const Instant now = at(10, 3, 2026);
+    NoteListModel model([](std::int64_t id) { return Note(id, {}, {}, {}); }, nullptr);
+    model.setNotes({noteOf(1, now), noteOf(2, now)}, now, paris);
+    QVariant last;
+    QObject::connect(&model, &QAbstractItemModel::modelAboutToBeReset, &model,
+                     [&] { last = model.index(model.rowCount() - 1).data(NoteListModel::noteIdRole); });
+    model.setNotes({noteOf(3, now)}, now, paris);
+    EXPECT_EQ(last, 2);
+    EXPECT_EQ(model.rowCount(), 2);
 }
 
 } // namespace

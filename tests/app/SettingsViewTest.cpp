@@ -41,8 +41,9 @@ struct Stage
         return days;
     }
 
-    void choose(int index)
+    void choose(const char* preset)
     {
+        const int index = picker->findText(toQt(WeekendRule::preset(preset).name));
         picker->setCurrentIndex(index);
         Q_EMIT picker->activated(index);
     }
@@ -81,11 +82,11 @@ TEST(SettingsPage, TheStripRunsFromSundayToSaturday)
 TEST(SettingsPage, AChoiceIsStoredAtOnceAndShows)
 {
     Stage stage;
-    stage.choose(5);
+    stage.choose("none");
     EXPECT_EQ(stage.test.model.store().setting("weekend"), "none");
     EXPECT_EQ(stage.test.model.weekendRule(), WeekendRule::none());
     EXPECT_EQ(stage.weekend(), "");
-    stage.choose(2);
+    stage.choose("fri-sun");
     EXPECT_EQ(stage.test.model.store().setting("weekend"), "fri-sun");
     EXPECT_EQ(stage.weekend(), "Sun Fri ");
 }
@@ -110,12 +111,12 @@ TEST(SettingsPage, TheClockIsSetByAssistiveTechnologyToo)
 
 TEST(SettingsPage, AnUnknownRuleIsNobodysChoice)
 {
-    Stage stage(TestModel::Settings {{"weekend", "thu-fri"}});
+    Stage stage(TestModel::Settings {{"weekend", "some-days"}});
     EXPECT_EQ(stage.picker->currentIndex(), -1);
     EXPECT_EQ(stage.picker->currentText(), QString());
     EXPECT_EQ(stage.weekend(), "Sun Sat ");
-    EXPECT_EQ(stage.test.model.store().setting("weekend"), "thu-fri");
-    stage.choose(0);
+    EXPECT_EQ(stage.test.model.store().setting("weekend"), "some-days");
+    stage.choose("sat-sun");
     EXPECT_EQ(stage.test.model.store().setting("weekend"), "sat-sun");
 }
 
