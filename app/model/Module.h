@@ -3,6 +3,7 @@
 #include "core/Enumeration.h"
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 #include <utility>
 
@@ -24,6 +25,9 @@ template <> struct EnumerationTable<Module>
         {Module::settings, "settings"},
     });
 };
+
+// Who adds a page after the last one moves this on.
+static_assert(caseCount<Module> == static_cast<std::size_t>(Module::settings) + 1, "each page has its row");
 
 /// A page's colour: sRGB components from 0 to 1.
 struct Tint

@@ -9,7 +9,7 @@
 namespace zelta {
 
 /// One page in the sidebar: badge, title and a subtitle of at most two lines. As radio buttons the rows are
-/// one tab stop, Up and Down move the selection, and a screen reader hears which of eight is chosen.
+/// one tab stop, Up and Down move the selection, and a screen reader hears which of them is chosen.
 class SidebarRow final : public QRadioButton
 {
     Q_OBJECT
