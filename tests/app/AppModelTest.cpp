@@ -1,5 +1,6 @@
 #include "app/model/AppModel.h"
 
+#include "core/Sqlite.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
@@ -91,6 +92,11 @@ TEST_F(AppModelTest, EachSettingIsStoredWhenItChanges)
     EXPECT_EQ(weekend.count(), 1);
 }
 
+TEST_F(AppModelTest, TodayIsTheFirstMomentOfTheDay)
+{
+    EXPECT_EQ(model.today(), CalendarKit::makeDate(8, 3, 2026, 0, 0, 0, model.calendar()));
+}
+
 TEST_F(AppModelTest, ClockTextFollowsTheFormat)
 {
     const Instant evening = *CalendarKit::makeDate(7, 3, 2026, 21, 5, 59, model.calendar());
@@ -124,6 +130,16 @@ TEST_F(AppModelTest, WithoutAHeadlineTheFirstRowIsTheSummaryNoteIncluded)
 {
     model.record(Module::percent, "t", {rows[1]});
     EXPECT_EQ(history()[0].summary, "Change: +100%  (increase)");
+}
+
+TEST_F(AppModelTest, AWriteThatFailsIsCountedAndToldAllTheSame)
+{
+    const QSignalSpy told(&model, &AppModel::historyTokenChanged);
+    sqlite::Connection::open(model.store().url().string()).execute("DROP TABLE history;");
+    model.record(Module::percent, "t", rows);
+    EXPECT_EQ(model.historyToken(), 1);
+    EXPECT_EQ(told.count(), 1);
+    EXPECT_EQ(model.lastSaveMessage(), "Saved to history");
 }
 
 TEST_F(AppModelTest, NoRowsRecordNothing)

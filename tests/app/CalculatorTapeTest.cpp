@@ -37,6 +37,14 @@ TEST(CalculatorTapePanel, ListsNewestFirst)
     EXPECT_EQ(stage.clipboard(), "1,200 × 3 = 3,600\n12 + 3 = 15");
 }
 
+TEST(CalculatorTapePanel, TellsTwoLinesOfOneResultApart)
+{
+    Stage stage;
+    stage.type("1+1\r5-3\r");
+    EXPECT_EQ(stage.lines()[0]->accessibleName(), QStringLiteral("5 − 3 = 2"));
+    EXPECT_EQ(stage.lines()[1]->accessibleName(), QStringLiteral("1 + 1 = 2"));
+}
+
 TEST(CalculatorTapePanel, BringsBackAllDigitsOfAResult)
 {
     Stage stage;
@@ -60,6 +68,7 @@ TEST(CalculatorTapePanel, CopiesALineFromItsMenu)
     EXPECT_EQ(stage.clipboard(), "3,600");
     Stage::action(line, "Copy line")->trigger();
     EXPECT_EQ(stage.clipboard(), "1,200 × 3 = 3,600");
+    EXPECT_EQ(stage.flash(), "Copied");
     EXPECT_EQ(stage.display(), "3,600");
 }
 
@@ -73,6 +82,10 @@ TEST(CalculatorTapePanel, IsClearedOnRequest)
     EXPECT_FALSE(stage.button("Clear tape")->isEnabled());
     stage.type("\r");
     EXPECT_EQ(stage.lines().size(), 1U);
+    Stage::action(stage.tape(), "Copy tape")->trigger();
+    EXPECT_EQ(stage.clipboard(), "2 + 1 = 3");
+    Stage::action(stage.tape(), "Clear tape")->trigger();
+    EXPECT_TRUE(stage.lines().empty());
 }
 
 TEST(CalculatorTapePanel, KeepsFortyLinesAndScrollsToTheNewest)
@@ -85,9 +98,11 @@ TEST(CalculatorTapePanel, KeepsFortyLinesAndScrollsToTheNewest)
     auto* area = stage.tape()->findChild<QScrollArea*>();
     QTRY_VERIFY(area->verticalScrollBar()->maximum() > 0);
     area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
-    stage.type("\r");
+    stage.type("5");
+    EXPECT_EQ(area->verticalScrollBar()->value(), area->verticalScrollBar()->maximum());
+    stage.type("c46+1\r");
     EXPECT_EQ(area->verticalScrollBar()->value(), 0);
-    EXPECT_EQ(stage.lines().front()->accessibleName(), QStringLiteral("47 + 1 = 48"));
+    EXPECT_EQ(stage.lines().front()->accessibleName(), QStringLiteral("46 + 1 = 47"));
 }
 
 TEST(CalculatorTapePanel, IsReachedByTabFromTheKeysLineByLineThenItsButtons)

@@ -7,6 +7,7 @@
 #include "app/pages/Keypad.h"
 #include "app/pages/ShortcutsPanel.h"
 #include "app/pages/TapePanel.h"
+#include "tests/app/support/Accessible.h"
 #include "tests/app/support/CalculatorStage.h"
 
 #include <gtest/gtest.h>
@@ -287,7 +288,7 @@ TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
 {
     CalculatorDisplay display;
     display.resize(300, 69);
-    const auto* label = display.findChildren<QLabel*>().at(1);
+    auto* label = display.findChildren<QLabel*>().at(1);
     display.setTexts({}, QStringLiteral("1,234"));
     EXPECT_EQ(label->font().pixelSize(), 40);
     EXPECT_EQ(display.toolTip(), QString());
@@ -300,6 +301,22 @@ TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
     EXPECT_NE(label->text(), longest);
     EXPECT_EQ(display.toolTip(), longest);
     EXPECT_EQ(display.number(), longest);
+    EXPECT_EQ(test::accessible(*label).text(QAccessible::Name), longest) << "read out whole";
+    display.show();
+    display.resize(4000, 69);
+    EXPECT_EQ(label->text(), longest);
+    EXPECT_EQ(label->font().pixelSize(), 40) << "a wider window makes room";
+}
+
+TEST(CalculatorDisplay, ReadsOutALongExpressionWhole)
+{
+    CalculatorDisplay display;
+    display.resize(300, 69);
+    const QString expression = QString(90, QLatin1Char('8')) + QStringLiteral(" ×");
+    display.setTexts(expression, QStringLiteral("2"));
+    auto* label = display.findChildren<QLabel*>().at(0);
+    EXPECT_NE(label->text(), expression);
+    EXPECT_EQ(test::accessible(*label).text(QAccessible::Name), expression);
 }
 
 TEST(CalculatorShortcuts, AreListed)
@@ -311,11 +328,17 @@ TEST(CalculatorShortcuts, AreListed)
         return std::pair(middle.y(), middle.x());
     });
     QStringList texts;
-    for (const QLabel* label : labels)
+    QStringList helps;
+    for (const QLabel* label : labels) {
         texts += label->text();
+        if (!label->toolTip().isEmpty())
+            helps += label->toolTip();
+    }
     EXPECT_EQ(toUtf8(texts.join(QLatin1Char('|'))),
               "Shortcuts|0 – 9  .|Enter a number|+  −  *  /|Operators|Return|Equals|Delete|Backspace|Escape|"
               "Clear everything|%|Percent|N|Change the sign|⌘C|Copy the display");
+    EXPECT_EQ(toUtf8(helps.join(QLatin1Char('|'))), "Enter|Backspace|Esc|Ctrl+C")
+        << "as this keyboard has them";
 }
 
 TEST(CalculatorView, ExplainsPercentAndTape)
@@ -331,6 +354,7 @@ TEST(CalculatorLayout, ShrinksKeysInALowWindow)
 {
     Stage stage;
     EXPECT_EQ(stage.button("7")->height(), 60);
+    EXPECT_EQ(stage.tape()->maximumHeight(), stage.page.findChild<Keypad*>()->parentWidget()->height());
     stage.page.resize(614, 620);
     QTRY_VERIFY(stage.button("7")->height() == 46);
     QTRY_VERIFY(stage.page.findChild<Keypad*>()->parentWidget()->width() == 318);

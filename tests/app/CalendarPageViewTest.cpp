@@ -1,6 +1,9 @@
 #include "app/pages/CalendarPageView.h"
 
+#include "app/components/CopyChip.h"
 #include "app/components/DayTile.h"
+#include "app/components/Tag.h"
+#include "app/look/Theme.h"
 #include "app/model/Text.h"
 #include "core/CalendarKit.h"
 #include "tests/app/support/TestModel.h"
@@ -125,12 +128,30 @@ TEST(CalendarPage, BeginsWithTodayEachTimeItIsShown)
     EXPECT_TRUE(stage.shows("March 2026"));
 }
 
+TEST(CalendarPage, GoesOnWhereItWasWhenItsWindowComesBackFromTheTaskBar)
+{
+    Stage stage;
+    stage.key(Qt::Key_Right);
+    QHideEvent iconified;
+    QShowEvent restored;
+    for (QEvent* event : {static_cast<QEvent*>(&iconified), static_cast<QEvent*>(&restored)}) {
+        QSpontaneKeyEvent::setSpontaneous(event);
+        qApp->notify(stage.page, event);
+    }
+    EXPECT_TRUE(stage.shows("April 2026"));
+    stage.key(Qt::Key_T);
+    stage.test.clock.advance(11h);
+    EXPECT_EQ(stage.todays(), std::vector<int> {8}) << "midnight has been waited for";
+}
+
 TEST(CalendarPage, PagesWithButtonsAndKeys)
 {
     Stage stage;
     stage.press("Next month");
     EXPECT_EQ(stage.selected(), QStringLiteral("2026-04-01"));
     EXPECT_TRUE(stage.shows("Working day"));
+    EXPECT_TRUE(stage.shows("18"));
+    EXPECT_FALSE(stage.shows("0")) << "a month of five weeks has no sixth number";
     stage.press("Previous month");
     EXPECT_EQ(stage.selected(), QStringLiteral("2026-03-01"));
     stage.key(Qt::Key_Down);
@@ -197,6 +218,8 @@ TEST(CalendarPage, AClickSelectsWithoutTurningTheMonth)
     EXPECT_TRUE(stage.shows("Weekend"));
     EXPECT_TRUE(stage.tile("2026-04-05")->isSelected());
     EXPECT_FALSE(stage.tile("2026-03-25")->isSelected());
+    EXPECT_EQ(stage.tile("2026-04-05")->accessibleDescription(), QStringLiteral("selected"));
+    EXPECT_EQ(stage.tile("2026-03-25")->accessibleDescription(), QString());
 }
 
 TEST(CalendarPage, TheMonthIsOneTabStopThatCtrlArrowsMove)
@@ -212,7 +235,7 @@ TEST(CalendarPage, TheMonthIsOneTabStopThatCtrlArrowsMove)
     EXPECT_EQ(stops(), std::vector<int> {8});
     EXPECT_EQ(QApplication::focusWidget(), stage.tile("2026-03-08"));
     stage.key(Qt::Key_Up, Qt::ControlModifier);
-    stage.key(Qt::Key_Up, Qt::ControlModifier);
+    stage.key(Qt::Key_Up, Qt::ControlModifier | Qt::KeypadModifier);
     EXPECT_EQ(stage.selected(), QStringLiteral("2026-02-22"));
     EXPECT_TRUE(stage.shows("February 2026"));
     EXPECT_EQ(QApplication::focusWidget(), stage.tile("2026-02-22"));
@@ -244,10 +267,12 @@ TEST(CalendarPage, LooksAtTheClockWhenItsWindowIsUsedAgain)
     Stage stage;
     ASSERT_EQ(stage.todays(), std::vector<int> {7});
     // As after sleep: the delay until midnight has stood still.
-    stage.test.clock.setWallClock(stage.test.clock.now() + 24h);
+    stage.test.clock.setWallClock(stage.test.clock.now() + 30h);
     QEvent activate(QEvent::WindowActivate);
     QCoreApplication::sendEvent(&stage.window, &activate);
     EXPECT_EQ(stage.todays(), std::vector<int> {8});
+    stage.test.clock.advance(5h);
+    EXPECT_EQ(stage.todays(), std::vector<int> {9}) << "the next midnight is nearer, too";
 }
 
 TEST(CalendarPage, LeavesNoFocusOnAnotherDayWhenItComesBack)
@@ -284,11 +309,62 @@ TEST(CalendarPage, ATilesMenuCopiesItsDate)
 TEST(CalendarPage, TheSelectedDayCanBeCopied)
 {
     Stage stage;
-    for (QAbstractButton* button : stage.page->findChildren<QAbstractButton*>()) {
-        if (button->toolTip() == QStringLiteral("Click to copy “Saturday, 7 March 2026”"))
-            button->click();
+    for (const char* key : {"2026-03-07", "2026-03-25"}) {
+        QTest::mouseClick(stage.tile(key), Qt::LeftButton);
+        auto* chip = stage.page->findChild<CopyChip*>();
+        const QString date = stage.tile(key)->toolTip().section(QStringLiteral(" — "), 0, 0);
+        EXPECT_EQ(chip->toolTip(), QStringLiteral("Click to copy “%1”").arg(date));
+        chip->click();
+        EXPECT_EQ(QApplication::clipboard()->text(), date);
     }
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Saturday, 7 March 2026"));
+}
+
+TEST(CalendarPage, TheMonthsNameCanBeSelected)
+{
+    Stage stage;
+    for (QLabel* label : stage.page->findChildren<QLabel*>()) {
+        if (label->text() != QStringLiteral("March 2026"))
+            continue;
+        QTest::mouseDClick(label, Qt::LeftButton, {}, {5, label->height() / 2});
+        EXPECT_EQ(label->selectedText(), QStringLiteral("March"));
+    }
+}
+
+/// What a tile shows halfway down, that far from its left edge.
+QColor shownAt(DayTile& tile, int x)
+{
+    return tile.grab().toImage().pixelColor(x, tile.height() / 2);
+}
+
+TEST(CalendarPage, TilesAreColouredByTheirDay)
+{
+    Stage stage;
+    constexpr int edge = 1;
+    constexpr int ground = 5;
+    const QColor workday = shownAt(*stage.tile("2026-03-25"), ground);
+    const QColor weekend = shownAt(*stage.tile("2026-03-28"), ground);
+    EXPECT_LT(weekend.lightness(), workday.lightness());
+    EXPECT_EQ(shownAt(*stage.tile("2026-03-08"), ground), weekend);
+    EXPECT_GT(shownAt(*stage.tile("2026-04-05"), ground).lightness(), weekend.lightness())
+        << "a day of another month is faint";
+
+    DayTile& today = *stage.tile("2026-03-07");
+    EXPECT_EQ(shownAt(today, ground), weekend);
+    EXPECT_EQ(shownAt(today, today.width() / 2 - 10).rgb(), Theme::fill(Module::calendar).rgb());
+    EXPECT_EQ(shownAt(today, edge).rgb(), Theme::tint(Module::calendar).rgb()) << "it is selected";
+    QTest::mouseClick(stage.tile("2026-03-25"), Qt::LeftButton);
+    EXPECT_EQ(shownAt(today, edge), weekend);
+}
+
+TEST(CalendarPage, TheKindOfTheSelectedDayHasItsColour)
+{
+    Stage stage;
+    for (const auto& [key, ink] :
+         {std::pair("2026-03-07", Theme::Token::weekendInk), {"2026-03-25", Theme::Token::workdayInk}}) {
+        QTest::mouseClick(stage.tile(key), Qt::LeftButton);
+        const auto* kind = stage.page->findChild<Tag*>();
+        EXPECT_EQ(kind->palette().color(kind->foregroundRole()), Theme::color(ink)) << key;
+    }
 }
 
 TEST(CalendarPage, ANewWeekendRuleShowsAtOnce)

@@ -103,13 +103,17 @@ TEST(Clock, RunsSavesAtOnceWhenAskedWithThoseThatTheyStart)
 TEST(Clock, ACancelledSaveIsNoLongerPending)
 {
     test::HandClock clock;
+    int settled = 0;
+    clock.setSavesSettledHandler([&] { ++settled; });
     auto save = clock.after(
         10ms, [] {}, Clock::Purpose::save);
     save = clock.after(
         20ms, [] {}, Clock::Purpose::save);
     EXPECT_TRUE(clock.hasPendingSaves());
+    EXPECT_EQ(settled, 0) << "the next one was there before the first was called off";
     save.cancel();
     EXPECT_FALSE(clock.hasPendingSaves());
+    EXPECT_EQ(settled, 1);
 }
 
 } // namespace

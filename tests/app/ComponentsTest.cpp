@@ -59,6 +59,10 @@ TEST_F(PillTabsTest, SelectsTheFirstTabAndTellsOfClicks)
     QTest::mouseClick(&pill(2), Qt::LeftButton);
     EXPECT_EQ(selected.count(), 1);
     EXPECT_TRUE(pill(2).isChecked());
+    for (int i = 0; i < 3; ++i) {
+        const QColor left = pill(i).grab().toImage().pixelColor(5, pill(i).height() / 2);
+        EXPECT_EQ(left.rgb() == Theme::fill(Module::percent).rgb(), i == 2) << i;
+    }
 }
 
 TEST_F(PillTabsTest, RestoresATabInSilenceAndIgnoresAnUnknownOne)
@@ -125,6 +129,18 @@ TEST(Button, TakesTheFocusByTabOnly)
     EXPECT_EQ(Switch(QStringLiteral("Clock"), {}).focusPolicy(), Qt::TabFocus);
 }
 
+TEST(Button, LooksOffWhileItCannotBePressed)
+{
+    Button button(QStringLiteral("Clear history"), "trash");
+    button.setInk(Theme::Token::downInk);
+    button.resize(button.sizeHint());
+    const QImage on = button.grab().toImage();
+    button.setEnabled(false);
+    EXPECT_NE(button.grab().toImage(), on);
+    button.setEnabled(true);
+    EXPECT_EQ(button.grab().toImage(), on);
+}
+
 TEST(IconButton, IsCalledByItsHelp)
 {
     const IconButton button("trash", QStringLiteral("Delete this entry"));
@@ -188,6 +204,10 @@ TEST(ConfirmDialog, IsReadInItsOrder)
         names += seen.child(i)->text(QAccessible::Name);
     EXPECT_EQ(names.join(QLatin1Char('|')),
               QStringLiteral("Clear the whole history?|This cannot be undone.|Cancel|Clear history"));
+    EXPECT_EQ(seen.text(QAccessible::Description), QStringLiteral("This cannot be undone."));
+    const int middle = dialog.actionButton()->height() / 2;
+    EXPECT_EQ(dialog.actionButton()->grab().toImage().pixelColor(5, middle).rgb(),
+              Theme::color(Theme::Token::dangerFill).rgb());
 }
 
 TEST(ConfirmDialog, DestroysOnlyByItsButton)

@@ -135,6 +135,9 @@ TEST(ConverterView, PicksUnitsInTheOrderOfTheTable)
     EXPECT_EQ(from->width(), 210);
     stage.type("1");
     stage.pick("From", "Foot");
+    EXPECT_EQ(stage.units(), "ft to km");
+    EXPECT_EQ(stage.results()->rows()[0].value, "0.0003048 km");
+    EXPECT_EQ(from->accessibleDescription(), QStringLiteral("ft"));
     stage.pick("To", "Inch");
     EXPECT_EQ(stage.units(), "ft to in");
     EXPECT_EQ(stage.results()->rows()[0].value, "12 in");

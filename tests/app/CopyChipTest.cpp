@@ -51,8 +51,10 @@ TEST(CopyChip, ShowsItsMarkForHalfASecond)
     stage.chip.click();
     stage.clock.advance(499ms);
     EXPECT_TRUE(stage.showsMark());
+    EXPECT_EQ(stage.chip.accessibleDescription(), QStringLiteral("Copied"));
     stage.clock.advance(1ms);
     EXPECT_FALSE(stage.showsMark());
+    EXPECT_EQ(stage.chip.accessibleDescription(), QString()) << "its hover help describes it";
 }
 
 TEST(CopyChip, StartsTheHalfSecondAnewWithEachClick)

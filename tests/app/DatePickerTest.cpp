@@ -1,6 +1,7 @@
 #include "app/pages/DatePicker.h"
 
 #include "app/components/DayTile.h"
+#include "app/components/IconButton.h"
 #include "app/model/Text.h"
 #include "core/CalendarKit.h"
 #include "tests/app/support/Accessible.h"
@@ -11,9 +12,11 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace zelta::test {
 namespace {
@@ -87,6 +90,40 @@ TEST(DatePicker, AClickPicksAndCloses)
     QTest::mouseClick(stage.tile("2026-03-25"), Qt::LeftButton);
     EXPECT_EQ(stage.picked, "2026-03-25 ");
     EXPECT_FALSE(stage.picker.isVisible());
+}
+
+TEST(DatePicker, ReturnEnterAndSpacePickTheDayWithTheFocus)
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        Stage stage;
+        stage.press("Next month");
+        stage.key(key);
+        EXPECT_EQ(stage.picked, "2026-04-01 ") << key;
+        EXPECT_FALSE(stage.picker.isVisible()) << key;
+    }
+}
+
+TEST(DatePicker, LiesInsideTheWindowWhereverItsButtonIs)
+{
+    Stage stage;
+    stage.picker.close();
+    stage.window.resize(700, 620);
+    // It takes four weeks; May, three months later, takes six.
+    const Instant february = stage.test.model.calendar().instantOrAfterJump({{2027, 2, 1}}).value();
+    for (const QPoint& place : {QPoint(0, 0), QPoint(660, 40), QPoint(20, 580), QPoint(660, 320)}) {
+        stage.anchor.setGeometry(QRect(place, QSize(40, 36)));
+        DatePicker picker(stage.test.model, stage.anchor);
+        picker.openAt(stage.anchor, february);
+        for (int months = 0; months <= 3; ++months) {
+            QCoreApplication::sendPostedEvents();
+            picker.adjustSize();
+            const QRect area = picker.geometry();
+            EXPECT_TRUE(stage.window.rect().contains(area)) << place.x() << ' ' << place.y() << ' ' << months;
+            EXPECT_FALSE(area.intersects(stage.anchor.geometry())) << place.x() << ' ' << place.y();
+            picker.findChildren<IconButton*>().back()->click(); // "Next month"
+        }
+        EXPECT_EQ(picker.height(), 278) << "that was a month of six weeks";
+    }
 }
 
 TEST(DatePicker, TurningTheMonthOverPicksNothing)
@@ -179,8 +216,31 @@ TEST(DatePicker, StaysWhileItsOwnerIsLaidOutAnew)
     Stage stage;
     stage.anchor.resize(stage.anchor.width(), stage.anchor.height() + 20);
     EXPECT_TRUE(stage.picker.isVisible());
-    stage.window.resize(480, 400);
-    EXPECT_FALSE(stage.picker.isVisible()) << "the button may be elsewhere now";
+}
+
+TEST(DatePicker, GoesWhenSomethingElseIsUsed)
+{
+    Stage stage;
+    QLineEdit elsewhere(&stage.window);
+    elsewhere.setGeometry(440, 350, 40, 30);
+    elsewhere.show();
+    const auto turnWheel = [](QWidget& widget) {
+        const QPointF middle = QRectF(widget.rect()).center();
+        QWheelEvent wheel(middle, widget.mapToGlobal(middle), {}, QPoint(0, -120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&widget, &wheel);
+    };
+    const Instant date = stage.test.model.today();
+    turnWheel(stage.picker);
+    EXPECT_TRUE(stage.picker.isVisible());
+    turnWheel(elsewhere);
+    EXPECT_FALSE(stage.picker.isVisible()) << "what is scrolled would pass below it";
+    stage.picker.openAt(stage.anchor, date);
+    elsewhere.setFocus();
+    EXPECT_FALSE(stage.picker.isVisible());
+    stage.picker.openAt(stage.anchor, date);
+    stage.window.resize(600, 500);
+    EXPECT_FALSE(stage.picker.isVisible()) << "its button may have moved";
 }
 
 TEST(DatePicker, GoesWithItsOwner)

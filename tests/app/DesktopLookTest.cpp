@@ -1,6 +1,7 @@
 #include "app/look/DesktopLook.h"
 
 #include "app/components/Label.h"
+#include "app/look/SettingsPortal.h"
 #include "app/look/Theme.h"
 #include "tests/app/support/StandInPortal.h"
 
@@ -8,6 +9,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 #include <utility>
@@ -156,4 +158,20 @@ TEST_F(DesktopPortalTest, TurnsDarkWhenOnlyThePortalSaysSo)
     EXPECT_EQ(Theme::appearance(), Appearance::dark);
     portal->setColorScheme(0);
     EXPECT_TRUE(becomes(Appearance::light));
+}
+
+TEST_F(DesktopPortalTest, HearsOfTheColourSchemeOnly)
+{
+    portal->setColorScheme(preferLight);
+    SettingsPortal heard;
+    const QSignalSpy changes(&heard, &SettingsPortal::colorSchemeChanged);
+    const auto hears = [&heard](SettingsPortal::ColorScheme scheme) {
+        return QTest::qWaitFor([&] { return heard.colorScheme() == scheme; });
+    };
+    heard.ask();
+    EXPECT_TRUE(hears(SettingsPortal::ColorScheme::preferLight));
+    portal->tell(QStringLiteral("contrast"), 1);
+    portal->setColorScheme(0);
+    EXPECT_TRUE(hears(SettingsPortal::ColorScheme::noPreference));
+    EXPECT_EQ(changes.count(), 2) << "a higher contrast is not a darker look";
 }

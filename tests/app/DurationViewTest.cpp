@@ -1,5 +1,6 @@
 #include "app/pages/DurationView.h"
 
+#include "app/components/DayTile.h"
 #include "app/components/ResultList.h"
 #include "app/components/Switch.h"
 #include "app/model/Text.h"
@@ -17,6 +18,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace zelta::test {
@@ -225,6 +227,8 @@ TEST(DurationPage, TodayLeavesTheCalendarOpen)
     }
     EXPECT_EQ(stage.fields("Start date"), "07|03|2026|");
     EXPECT_TRUE(stage.page.findChild<DatePicker*>()->isVisible());
+    for (const DayTile* tile : stage.page.findChild<DatePicker*>()->findChildren<DayTile*>())
+        EXPECT_EQ(tile->isSelected(), tile->cell().key == "2026-03-07") << tile->cell().key;
     stage.press("Pick from a calendar");
     EXPECT_FALSE(stage.page.findChild<DatePicker*>()->isVisible());
 }
@@ -243,6 +247,29 @@ TEST(DurationPage, AnotherZoneKeepsTheDaysThatWereEntered)
     EXPECT_EQ(stage.row("Total days"), "41");
     stage.press("Swap the start and end dates");
     EXPECT_EQ(stage.fields("End date"), "07|03|2026|");
+}
+
+TEST(DurationPage, ADateIsToldOnce)
+{
+    const Stage stage;
+    stage.typeDate("Start date", "31", "01", "2026");
+    QSignalSpy told(stage.page.findChild<DateInput*>(), &DateInput::dateChanged);
+    stage.press("Today");
+    EXPECT_EQ(told.count(), 1) << "no date of old and new fields in between";
+    stage.press("Today");
+    stage.type("Start date, day", "7");
+    EXPECT_EQ(told.count(), 1) << "the same date again";
+}
+
+TEST(DurationPage, ButtonsSayWhatTheyAreFor)
+{
+    const Stage stage;
+    for (const char* name : {"Pick from a calendar", "Today"}) {
+        EXPECT_EQ(stage.buttons(toQt(name))[0]->accessibleDescription(), QStringLiteral("Start date"));
+        EXPECT_EQ(stage.buttons(toQt(name))[1]->accessibleDescription(), QStringLiteral("End date"));
+    }
+    EXPECT_EQ(stage.buttons(QStringLiteral("Today"))[2]->accessibleDescription(),
+              QStringLiteral("Quick spans"));
 }
 
 TEST(DurationPage, TakesADateFromAssistiveTechnology)

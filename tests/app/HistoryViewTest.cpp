@@ -15,6 +15,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QTest>
+#include <QWheelEvent>
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -145,12 +146,29 @@ TEST_F(HistoryViewTest, DetailsCanBeSelected)
     show();
     QTest::mouseClick(button<Button>(*cards()[0], QStringLiteral("Show details")), Qt::LeftButton);
     auto* detail = cards()[0]->findChild<HistoryDetail*>();
+    EXPECT_EQ(detail->accessibleName(), QStringLiteral("Details"));
     detail->setFocus();
     QTest::keyClick(detail, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(detail, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("First of a\nSecond"));
     QTest::keyClick(detail, Qt::Key_X);
     EXPECT_EQ(detail->toPlainText(), QStringLiteral("First of a\nSecond")) << "but not changed";
+}
+
+TEST_F(HistoryViewTest, DetailsLeaveTheWheelToThePage)
+{
+    save("a");
+    show();
+    QTest::mouseClick(button<Button>(*cards()[0], QStringLiteral("Show details")), Qt::LeftButton);
+    auto* detail = cards()[0]->findChild<HistoryDetail*>();
+    const int size = detail->font().pixelSize();
+    for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier}) {
+        QWheelEvent wheel(QPointF(5, 5), detail->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120),
+                          Qt::NoButton, modifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(detail->viewport(), &wheel);
+        EXPECT_FALSE(wheel.isAccepted());
+        EXPECT_EQ(detail->font().pixelSize(), size);
+    }
 }
 
 TEST_F(HistoryViewTest, StaysUnfoldedOverAReload)
@@ -168,12 +186,16 @@ TEST_F(HistoryViewTest, CopiesTheFullResultAndMarksItForHalfASecond)
 {
     save("a");
     show();
-    QTest::mouseClick(copyButton(*cards()[0]), Qt::LeftButton);
+    IconButton* copy = copyButton(*cards()[0]);
+    const QImage resting = copy->grab().toImage();
+    QTest::mouseClick(copy, Qt::LeftButton);
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("First of a\nSecond"));
     test.clock.advance(499ms);
     EXPECT_TRUE(cards()[0]->isCopied());
+    EXPECT_NE(copy->grab().toImage(), resting) << "a check mark";
     test.clock.advance(1ms);
     EXPECT_FALSE(cards()[0]->isCopied());
+    EXPECT_EQ(copy->grab().toImage(), resting);
 }
 
 TEST_F(HistoryViewTest, AnotherCopyTakesTheMarkForItsOwnHalfSecond)
@@ -197,7 +219,10 @@ TEST_F(HistoryViewTest, DeletesAtOnce)
     save("a");
     save("b");
     show();
+    QApplication::setActiveWindow(&area);
+    clearButton()->setFocus();
     QTest::mouseClick(cards()[0]->deleteButton(), Qt::LeftButton);
+    EXPECT_TRUE(clearButton()->hasFocus()) << "a click moves no focus";
     EXPECT_EQ(titles(), Titles {"a"});
     EXPECT_EQ(test.model.store().history(500).size(), 1U);
     EXPECT_TRUE(texts(view).contains(QStringLiteral("1 saved")));
@@ -267,18 +292,25 @@ TEST_F(HistoryViewTest, ListsWhatIsSavedWhileItIsShown)
 TEST_F(HistoryViewTest, TabGoesFromTopToBottomAlsoAfterANewEntry)
 {
     save("a");
+    save("unfolded");
     show();
+    QTest::mouseClick(button<Button>(*cards()[0], QStringLiteral("Show details")), Qt::LeftButton);
+    ASSERT_EQ(cards()[0]->controls().size(), 4U) << "the details as well";
+    QApplication::setActiveWindow(&area);
+    const auto walk = [this] {
+        clearButton()->setFocus();
+        for (const HistoryCard* card : cards()) {
+            for (QWidget* control : card->controls()) {
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+                EXPECT_EQ(QApplication::focusWidget(), control) << card->entry().title;
+            }
+        }
+    };
+    walk();
     test.model.record(Module::percent, "new", {{"label", "1", {}, Weight::headline, {}}});
     test.clock.advance(1s);
-    QApplication::setActiveWindow(&area);
-    clearButton()->setFocus();
-    for (const HistoryCard* card : cards()) {
-        for (QWidget* control : card->controls()) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            EXPECT_EQ(QApplication::focusWidget(), control) << card->entry().title;
-        }
-    }
-    EXPECT_EQ(cards()[0]->entry().title, "new");
+    ASSERT_EQ(cards()[0]->entry().title, "new");
+    walk();
 }
 
 TEST_F(HistoryViewTest, WrapsLongTextsInsteadOfCuttingThem)
@@ -321,6 +353,7 @@ TEST_F(HistoryViewTest, KeepsTheFocusWhenItsLastEntryGoes)
         settle();
         EXPECT_TRUE(cards().empty());
         EXPECT_EQ(area.focusWidget(), &view) << isCleared;
+        EXPECT_EQ(view.accessibleName(), QStringLiteral("History"));
     }
 }
 

@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -48,6 +51,18 @@ TEST(KeyMonitor, ComesBeforeTheFocusedWidget)
     EXPECT_EQ(stage.pressed, 0);
 }
 
+TEST(KeyMonitor, ComesBeforeAShortcutOfAMenu)
+{
+    Stage stage;
+    QAction entry;
+    entry.setShortcut(Qt::Key_Space);
+    stage.window.addAction(&entry);
+    const QSignalSpy triggered(&entry, &QAction::triggered);
+    QTest::keyClick(stage.button, Qt::Key_Space);
+    EXPECT_EQ(stage.taken, 1);
+    EXPECT_EQ(triggered.count(), 0);
+}
+
 TEST(KeyMonitor, PassesOnWhatItHasNoActionFor)
 {
     Stage stage;
@@ -63,6 +78,18 @@ TEST(KeyMonitor, StandsBackWhileATextInputHasTheFocus)
     QTest::keyClick(stage.field, Qt::Key_Space);
     EXPECT_EQ(stage.taken, 0);
     EXPECT_EQ(stage.field->text(), QStringLiteral(" "));
+}
+
+TEST(KeyMonitor, StandsBackWhileTheMenuBarIsUsedByKey)
+{
+    Stage stage;
+    QMenuBar bar(&stage.window);
+    bar.addMenu(QStringLiteral("Go"));
+    bar.show();
+    bar.setFocus(Qt::MenuBarFocusReason);
+    ASSERT_TRUE(bar.hasFocus());
+    QTest::keyClick(&bar, Qt::Key_Space);
+    EXPECT_EQ(stage.taken, 0);
 }
 
 TEST(KeyMonitor, ListensOnlyWhileThePageIsShown)

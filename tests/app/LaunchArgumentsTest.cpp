@@ -32,6 +32,7 @@ TEST(LaunchArguments, ADatabaseWithoutItsPathIsComplainedAboutInOneLineAndRunsAn
     EXPECT_EQ(arguments.database, std::nullopt);
     ASSERT_TRUE(arguments.complaint);
     EXPECT_EQ(arguments.complaint->find('\n'), std::string::npos);
+    EXPECT_EQ(parse({"-ZeltaBasicDatabase", "/a", "-ZeltaBasicDatabase"}).database, std::nullopt);
 }
 
 TEST(LaunchArguments, AnythingElseIsRefused)

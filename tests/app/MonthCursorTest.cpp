@@ -38,6 +38,9 @@ TEST(MonthCursor, PagingSelectsTheFirstOfTheMonth)
     EXPECT_EQ(told(cursor), "2026-01 / 2026-01-01");
     cursor.step(-1, in("UTC"));
     EXPECT_EQ(told(cursor), "2025-12 / 2025-12-01");
+    cursor.selected = at({2025, 12, 24}).selected;
+    cursor.step(12, in("UTC"));
+    EXPECT_EQ(told(cursor), "2026-12 / 2026-12-01") << "the same month of another year";
 }
 
 TEST(MonthCursor, PagingToTheMonthOfTheSelectedDayKeepsIt)

@@ -190,6 +190,36 @@ TEST(ParagraphEditor, AnArrowThatMeansSomethingElseLeavesTheCaret)
     }
 }
 
+TEST(ParagraphEditor, AClickPutsTheCaretWhereItIs)
+{
+    for (const std::string& text :
+         {"one\ntwo\n\n" + longLine(300).toStdString(), std::string("שלום\nעולם ודי")}) {
+        Stage stage(text);
+        const int end = stage.editor.document()->characterCount() - 1;
+        for (int position = 0; position <= end; ++position) {
+            stage.setCaret(position);
+            const QRect caret = stage.editor.cursorRect();
+            for (const int y : {caret.top() + 1, caret.bottom() - 1})
+                EXPECT_EQ(stage.editor.cursorForPosition({caret.x(), y}).position(), position) << y;
+        }
+    }
+}
+
+TEST(ParagraphEditor, KeepsItsSelectionForAMenuAndAnotherWindowOnly)
+{
+    for (const auto& [reason, isKept] : {std::pair(Qt::PopupFocusReason, true),
+                                         {Qt::MenuBarFocusReason, true},
+                                         {Qt::ActiveWindowFocusReason, true},
+                                         {Qt::MouseFocusReason, false},
+                                         {Qt::TabFocusReason, false}}) {
+        Stage stage("text");
+        stage.editor.selectAll();
+        QFocusEvent out(QEvent::FocusOut, reason);
+        QCoreApplication::sendEvent(&stage.editor, &out);
+        EXPECT_EQ(stage.editor.textCursor().hasSelection(), isKept) << reason;
+    }
+}
+
 TEST(ParagraphEditor, RightToLeftLinesStandAtTheRight)
 {
     Stage stage("שלום");
@@ -366,6 +396,15 @@ TEST(LongLine, IsEditedAsOneLine)
     stage.key(Qt::Key_Delete);
     EXPECT_EQ(stage.editor.text(), QString(text).remove(piece, 1));
     stage.undo();
+    for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Delete}) {
+        stage.setCaret(key == Qt::Key_Delete ? piece - 2 : piece + 3);
+        QTextCursor selected = stage.editor.textCursor();
+        selected.setPosition(key == Qt::Key_Delete ? piece : piece + 1, QTextCursor::KeepAnchor);
+        stage.editor.setTextCursor(selected);
+        stage.key(key);
+        EXPECT_EQ(stage.editor.text(), QString(text).remove(key == Qt::Key_Delete ? piece - 2 : piece, 2));
+        stage.undo();
+    }
     stage.setCaret(piece + 1);
     stage.key(Qt::Key_Return);
     EXPECT_EQ(stage.editor.text(), QString(text).insert(piece, u'\n'));

@@ -1,8 +1,12 @@
+#include "app/components/ConfirmDialog.h"
 #include "app/pages/SearchPace.h"
 #include "core/Sqlite.h"
 #include "tests/app/support/NotesStage.h"
 
 #include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QSignalSpy>
 
 namespace zelta {
 namespace {
@@ -170,6 +174,51 @@ TEST_F(NotesBadInput, AWriteThatFailedIsTriedAgainByItself)
     }
 }
 
+TEST_F(NotesBadInput, WordsTypedAfterAFailedWriteAreNotOverwrittenByIt)
+{
+    const std::int64_t other = add({"other"}, 1h);
+    const std::int64_t id = add({"kept"});
+    open();
+    auto file = sqlite::Connection::open(store().url().string());
+    file.execute("CREATE TRIGGER busy BEFORE UPDATE ON notes BEGIN SELECT RAISE(ABORT, 'busy'); END;");
+    type(0, QStringLiteral("!"));
+    test.clock.advance(950ms);
+    file.execute("DROP TRIGGER busy;");
+    type(0, QStringLiteral("?"));
+    test.clock.advance(950ms);
+    EXPECT_EQ(stored(id), Texts {"kept!?"});
+    page->open(other);
+    page->open(id);
+    EXPECT_EQ(shown(), Texts {"kept!?"});
+    test.clock.advance(NotesView::longestRetryDelay);
+    EXPECT_EQ(stored(id), Texts {"kept!?"});
+}
+
+TEST_F(NotesBadInput, TriesBecomeRare)
+{
+    add({"kept"});
+    open();
+    sqlite::Connection::open(store().url().string())
+        .execute("CREATE TRIGGER full BEFORE UPDATE ON notes BEGIN SELECT RAISE(ABORT, 'full'); END;");
+    type(0, QStringLiteral("!"));
+    const QSignalSpy tries(&page->list()->model(), &QAbstractItemModel::dataChanged);
+    test.clock.advance(10min);
+    EXPECT_GT(tries.count(), 10);
+    EXPECT_LT(tries.count(), 30) << "each may wait a second for another program";
+}
+
+TEST_F(NotesBadInput, ANoteThatCannotBeDeletedStays)
+{
+    const std::int64_t id = add({"kept"});
+    open();
+    sqlite::Connection::open(store().url().string())
+        .execute("CREATE TRIGGER busy BEFORE DELETE ON notes BEGIN SELECT RAISE(ABORT, 'busy'); END;");
+    page->carryOutDelete(id);
+    EXPECT_EQ(listed(), (Texts {"Today", "kept"}));
+    EXPECT_EQ(page->selectedID(), id);
+    EXPECT_EQ(flash(), "");
+}
+
 TEST_F(NotesBadInput, TheEndWaitsForAFileThatIsBusyButNotForAFullDisk)
 {
     const std::int64_t id = add({"kept"});
@@ -258,7 +307,10 @@ TEST_F(NotesBadInput, TenMegabytesInOneParagraph)
     test.clock.advance(950ms);
     EXPECT_EQ(stored(id), Texts {text + "!"});
     page->askToDelete();
+    for (const QLabel* label : page->findChild<ConfirmDialog*>()->findChildren<QLabel*>())
+        EXPECT_LT(label->text().size(), 400);
     page->copyNote();
+    EXPECT_EQ(toUtf8(QGuiApplication::clipboard()->text()), text + "!");
 }
 
 TEST_F(NotesBadInput, AThousandParagraphsMakeOnlyTheirVisibleRows)

@@ -22,8 +22,10 @@ TEST_F(NotesFocus, ClickingARowOpensItAndForgetsTheSteps)
     add({"newer"});
     open();
     page->appendBlock();
-    ASSERT_TRUE(page->draft()->canUndo());
     QListView* list = page->list()->list();
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {},
+                      list->visualRect(list->model()->index(1, 0)).center());
+    ASSERT_TRUE(page->draft()->canUndo());
     const auto click = [list](int row) {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                           list->visualRect(list->model()->index(row, 0)).center());
@@ -79,6 +81,8 @@ TEST_F(NotesFocus, AClickOnAHeadingMovesNothing)
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, area.center());
     }
     EXPECT_EQ(list->verticalScrollBar()->value(), place);
+    page->open(page->notes().front().id);
+    EXPECT_EQ(list->verticalScrollBar()->value(), 0) << "the first note comes with its heading";
 }
 
 TEST_F(NotesFocus, AFocusInAParagraphTakesNoWordsAlong)
@@ -132,6 +136,85 @@ TEST_F(NotesFocus, WhatIsInSightStaysWhileParagraphsComeAndGo)
     const int inSight = top(3);
     page->removeBlock(0);
     EXPECT_EQ(top(2), inSight) << "what is above goes";
+    page->open(add(Texts(14, "one\ntwo\nthree")));
+    EXPECT_EQ(bar->value(), 0) << "another note begins at its top";
+}
+
+TEST_F(NotesFocus, TallerParagraphsAboveDoNotMoveWhatIsRead)
+{
+    add(Texts(60, std::string(900, 'i'))); // narrow letters: the page expects more lines than there are
+    open();
+    QScrollBar* bar = page->pane()->paragraphs()->verticalScrollBar();
+    page->pane()->paragraphs()->focusParagraph(59);
+    rows().back()->editor()->clearFocus();
+    const auto made = rows().size();
+    while (bar->value() > 300) {
+        const TextBlockEditor* read = nullptr;
+        for (const TextBlockEditor* row : rows()) {
+            if (row->geometry().contains(QPoint(20, bar->value() + 10)))
+                read = row;
+        }
+        const int before = read != nullptr ? read->mapTo(page.get(), QPoint()).y() : 0;
+        bar->setValue(bar->value() - 50);
+        if (read != nullptr) {
+            ASSERT_EQ(read->mapTo(page.get(), QPoint()).y(), before + 50) << bar->value();
+        }
+    }
+    EXPECT_GT(rows().size(), made) << "some were made on the way";
+}
+
+TEST_F(NotesFocus, TheCaretStaysInSight)
+{
+    std::string text;
+    for (int i = 0; i < 80; ++i)
+        text += "line " + std::to_string(i) + "\n";
+    add({"first", text, "last"});
+    open();
+    const auto isInSight = [this] {
+        const auto* editor = qobject_cast<SelectableTextEditor*>(QApplication::focusWidget());
+        const QWidget* seen = page->pane()->paragraphs()->viewport();
+        return editor != nullptr
+            && seen->rect().contains(editor->cursorRect().translated(editor->mapTo(page.get(), QPoint())
+                                                                     - seen->mapTo(page.get(), QPoint())));
+    };
+    SelectableTextEditor* editor = rows()[1]->editor();
+    editor->setFocus();
+    EXPECT_TRUE(isInSight());
+    QTest::keyClick(editor, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_TRUE(isInSight());
+    const int end = editor->textCursor().position();
+    for (const auto& [key, isUp] : {std::pair(Qt::Key_PageUp, true), {Qt::Key_PageDown, false}}) {
+        const int before = editor->textCursor().blockNumber();
+        QTest::keyClick(editor, key);
+        const int lines = editor->textCursor().blockNumber() - before;
+        EXPECT_GT(isUp ? -lines : lines, 5);
+        EXPECT_LT(isUp ? -lines : lines, 40) << "no more than is seen at once";
+        EXPECT_TRUE(isInSight());
+    }
+    QTest::keyClick(editor, Qt::Key_PageUp, Qt::ShiftModifier);
+    EXPECT_TRUE(editor->textCursor().hasSelection());
+    EXPECT_LT(editor->textCursor().position(), end);
+    for (int i = 0; i < 10; ++i)
+        QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_TRUE(isInSight());
+    QTest::keyClick(editor, Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_TRUE(isInSight());
+}
+
+TEST_F(NotesFocus, TabGoesOnThroughParagraphsOutOfSight)
+{
+    const std::string high(200, '\n');
+    open();
+    for (const Texts& texts : {Texts(120, "a paragraph"), Texts {"first", high, "last"}}) {
+        page->open(add(texts));
+        rows()[0]->editor()->setFocus(Qt::TabFocusReason);
+        for (std::size_t i = 1; i < texts.size(); ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); // to the button that removes it
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            ASSERT_EQ(page->pane()->paragraphs()->focusedParagraph(), i);
+            ASSERT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty()) << i;
+        }
+    }
 }
 
 TEST_F(NotesFocus, AStepBackKeepsTheFocusInTheNote)

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QListView>
+#include <QSignalSpy>
 
 namespace zelta {
 namespace {
@@ -36,6 +37,10 @@ TEST_F(NotesViewTest, SaysWhenThereIsNothing)
     EXPECT_TRUE(shows(QStringLiteral("Pick a note on the left, or make a new one.")));
     EXPECT_FALSE(page->toolbar()->copy->isEnabled());
     EXPECT_FALSE(page->toolbar()->remove->isEnabled());
+    EXPECT_FALSE(page->pane()->addButton()->isVisible());
+    EXPECT_FALSE(page->pane()->words()->isVisible());
+    search(QStringLiteral("  "));
+    EXPECT_TRUE(shows(QStringLiteral("No notes yet"))) << "blanks search for nothing";
     search(QStringLiteral("x"));
     EXPECT_TRUE(shows(QStringLiteral("No matches")));
     EXPECT_TRUE(shows(QStringLiteral("Nothing here matches that search.")));
@@ -46,15 +51,21 @@ TEST_F(NotesViewTest, SavesWhenTheTypingHasPaused)
 {
     const std::int64_t id = add({"a"});
     open();
-    type(0, QStringLiteral("b"));
-    test.clock.advance(350ms + 599ms);
+    const QSignalSpy told(&page->list()->model(), &QAbstractItemModel::dataChanged);
+    type(0, QStringLiteral("b c"));
+    test.clock.advance(350ms);
+    EXPECT_EQ(words(), "2 words") << "counted before it is saved";
+    EXPECT_EQ(told.count(), 0);
+    test.clock.advance(599ms);
     EXPECT_EQ(stored(id), Texts {"a"});
-    EXPECT_EQ(page->draft()->note().blocks[0].text, "ab");
+    EXPECT_EQ(page->draft()->note().blocks[0].text, "ab c");
     test.clock.advance(1ms);
-    EXPECT_EQ(stored(id), Texts {"ab"});
+    EXPECT_EQ(stored(id), Texts {"ab c"});
     EXPECT_EQ(store().note(id)->updatedAt, test::HandClock::noon + 350ms);
     EXPECT_FALSE(test.clock.hasPendingSaves());
-    EXPECT_EQ(listed(), (Texts {"Today", "ab"}));
+    EXPECT_EQ(listed(), (Texts {"Today", "ab c"}));
+    ASSERT_EQ(told.count(), 1);
+    EXPECT_EQ(told.front().front().toModelIndex().row(), 1) << "its row is drawn anew";
 }
 
 TEST_F(NotesViewTest, SavesOnceForARunOfChanges)
@@ -271,6 +282,15 @@ TEST_F(NotesViewTest, CopiesWhatHasJustBeenTyped)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("ab"));
 }
 
+TEST_F(NotesViewTest, TheToolbarSaysWhatItDoes)
+{
+    open();
+    EXPECT_EQ(page->toolbar()->copy->toolTip(),
+              QStringLiteral("Copy the whole note as plain text — tables come as aligned columns"));
+    EXPECT_EQ(page->toolbar()->remove->toolTip(), QStringLiteral("Delete this note for good"));
+    EXPECT_EQ(page->list()->list()->accessibleName(), QStringLiteral("Notes"));
+}
+
 TEST_F(NotesViewTest, RemovesAParagraphAndPutsTheFocusNextToIt)
 {
     const std::int64_t id = add({"a", "b", "c"});
@@ -280,7 +300,9 @@ TEST_F(NotesViewTest, RemovesAParagraphAndPutsTheFocusNextToIt)
     QTest::mouseClick(rows()[1]->removeButton(), Qt::LeftButton);
     EXPECT_EQ(shown(), (Texts {"a", "c"}));
     EXPECT_TRUE(rows()[1]->editor()->hasFocus());
-    QTest::mouseClick(rows()[1]->removeButton(), Qt::LeftButton);
+    rows()[1]->removeButton()->setFocus();
+    QTest::keyClick(rows()[1]->removeButton(), Qt::Key_Space);
+    EXPECT_TRUE(rows()[0]->editor()->hasFocus());
     EXPECT_EQ(shown(), Texts {"a"});
     EXPECT_FALSE(rows()[0]->removeButton()->isVisible()) << "the only paragraph stays";
     test.clock.advance(600ms);
@@ -288,6 +310,9 @@ TEST_F(NotesViewTest, RemovesAParagraphAndPutsTheFocusNextToIt)
     page->undo();
     page->undo();
     EXPECT_EQ(shown(), (Texts {"a", "b!", "c"}));
+    rows()[0]->editor()->setFocus();
+    QTest::mouseClick(rows()[2]->removeButton(), Qt::LeftButton);
+    EXPECT_TRUE(rows()[0]->editor()->hasFocus()) << "another one goes";
 }
 
 TEST_F(NotesViewTest, AnEditorOutlivesWhatHappensAroundIt)
@@ -311,6 +336,8 @@ TEST_F(NotesViewTest, OnlyTheLastParagraphFillsThePage)
     open();
     EXPECT_EQ(rows()[0]->height(), 37);
     EXPECT_EQ(rows()[1]->height(), 440);
+    EXPECT_EQ(rows()[0]->editor()->accessibleName(), QStringLiteral("Paragraph 1"));
+    EXPECT_EQ(rows()[1]->editor()->accessibleName(), QStringLiteral("Paragraph 2"));
     page->appendBlock();
     EXPECT_EQ(rows()[1]->height(), 37);
     EXPECT_EQ(rows()[2]->height(), 440);
@@ -324,6 +351,7 @@ TEST_F(NotesViewTest, DeletesAfterAQuestion)
     const std::int64_t newer = add({"Picnic"});
     open();
     const auto dialog = [this] { return page->findChild<ConfirmDialog*>(); };
+    type(0, QStringLiteral("!"));
     page->askToDelete();
     ASSERT_NE(dialog(), nullptr);
     QStringList said;
@@ -331,7 +359,7 @@ TEST_F(NotesViewTest, DeletesAfterAQuestion)
         said << label->text();
     EXPECT_TRUE(said.contains(QStringLiteral("Delete this note?")));
     EXPECT_TRUE(said.contains(QStringLiteral(
-        "“Picnic” will be deleted for good — Zelta Basic has no Trash. This cannot be undone.")));
+        "“Picnic!” will be deleted for good — Zelta Basic has no Trash. This cannot be undone.")));
     EXPECT_EQ(dialog()->actionButton()->label(), QStringLiteral("Delete Note"));
     dialog()->cancelButton()->click();
     EXPECT_TRUE(store().note(newer).has_value());
@@ -358,6 +386,26 @@ TEST_F(NotesViewTest, ARowTellsTitlePreviewAndDate)
               QStringLiteral("Title, line two, Sun, 08 Mar 2026"));
     EXPECT_FALSE(model.index(1).data(NoteListModel::isRightToLeftRole).toBool());
     EXPECT_TRUE(model.index(3).data(NoteListModel::isRightToLeftRole).toBool());
+}
+
+TEST_F(NotesViewTest, ARowStandsOnTheSideWhereItsTitleBegins)
+{
+    add({"left"}, 1min);
+    add({"ימין"});
+    open();
+    QListView* list = page->list()->list();
+    const QImage shown = list->viewport()->grab().toImage();
+    const auto isBlank = [&](const QRect& area) {
+        const QImage part = shown.copy(area);
+        QImage plain(part.size(), part.format());
+        plain.fill(part.pixelColor(0, 0));
+        return part == plain;
+    };
+    for (const int row : {1, 2}) {
+        const QRect title(list->visualRect(list->model()->index(row, 0)).topLeft() + QPoint(12, 10),
+                          QSize(60, 16)); // inside of what marks the selection
+        EXPECT_EQ(isBlank(title), row == 1) << row;
+    }
 }
 
 TEST_F(NotesViewTest, TheListIsSortedAgainOnlyWhenItIsLoaded)

@@ -10,8 +10,10 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
 
@@ -222,6 +224,19 @@ TEST(PercentView, GoesOnTypingOnTheOtherTab)
     EXPECT_EQ(stage.page.window()->focusWidget(), stage.field("Value"));
     stage.choose("compare");
     EXPECT_EQ(stage.page.window()->focusWidget(), stage.field("Value X"));
+}
+
+TEST(PercentView, ArrowsWalkTheTabsWithoutLeavingThem)
+{
+    Stage stage;
+    stage.page.activateWindow();
+    auto* compare = stage.page.findChildren<Pill*>().front();
+    compare->setFocus(Qt::TabFocusReason);
+    const QSignalSpy moves(qApp, &QApplication::focusChanged);
+    QTest::keyClick(compare, Qt::Key_Right);
+    EXPECT_EQ(stage.page.tab(), PercentView::Tab::change);
+    EXPECT_EQ(stage.page.window()->focusWidget(), stage.page.findChildren<Pill*>().back());
+    EXPECT_EQ(moves.count(), 1) << "a screen reader tells of no other";
 }
 
 TEST(PercentView, TabGoesFromTheFieldsToTheResults)

@@ -1,5 +1,6 @@
 #include "app/components/ResultLines.h"
 
+#include "app/components/Label.h"
 #include "app/components/ResultLine.h"
 #include "app/model/Text.h"
 #include "tests/app/support/HandClock.h"
@@ -10,10 +11,12 @@
 #include <QClipboard>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 namespace zelta {
 namespace {
@@ -91,6 +94,24 @@ TEST(ResultLines, CopyAlsoWhenTheValueItselfIsClicked)
     EXPECT_EQ(clipboardText(), QStringLiteral("150%"));
 }
 
+TEST(ResultLines, CopyAgainOnTheSecondOfTwoQuickClicks)
+{
+    const Stage stage;
+    const QSignalSpy clicked(stage.line(1), &QAbstractButton::clicked);
+    QTest::mouseClick(stage.value(1), Qt::LeftButton);
+    QTest::mouseDClick(stage.value(1), Qt::LeftButton);
+    QTest::mouseRelease(stage.value(1), Qt::LeftButton);
+    EXPECT_EQ(clicked.count(), 2);
+    EXPECT_FALSE(stage.value(1)->hasSelectedText());
+}
+
+TEST(ResultLines, CopyNothingOnARightClick)
+{
+    const Stage stage;
+    QTest::mouseClick(stage.value(1), Qt::RightButton);
+    EXPECT_EQ(clipboardText(), QString());
+}
+
 TEST(ResultLines, MarkALineForHalfASecond)
 {
     Stage stage;
@@ -152,6 +173,7 @@ TEST(ResultLines, SelectTextOnADragOfFourPixels)
     drag(QPoint(value->width() - 1, left.y()));
     EXPECT_EQ(clipboardText(), QString());
     EXPECT_EQ(value->selectedText(), QStringLiteral("66.6667%"));
+    EXPECT_EQ(stage.window.focusWidget(), value) << "so that Ctrl+C copies it";
 }
 
 TEST(ResultLines, ShowAValueInTheSamePlaceWhenItIsSelected)
@@ -209,10 +231,11 @@ TEST(ResultLines, AreKeptForWhatComesNext)
     EXPECT_EQ(stage.lines->findChildren<ResultLine*>().size(), count);
 }
 
-TEST(ResultLines, AreReachedByTabInTheOrderInWhichTheyStand)
+TEST(ResultLines, AreReadAndReachedByTabInTheOrderInWhichTheyStand)
 {
     const Stage stage(Rows {fourRows[0], fourRows[1]});
     stage.lines->setRows(Rows {fourRows[2], fourRows[0]});
+    EXPECT_EQ(stage.lines->findChildren<ResultLine*>(), QList<ResultLine*>({stage.line(0), stage.line(1)}));
     stage.line(0)->setFocus(Qt::TabFocusReason);
     QTest::keyClick(stage.line(0), Qt::Key_Tab);
     EXPECT_EQ(stage.lines->window()->focusWidget(), stage.line(1));
@@ -223,6 +246,25 @@ TEST(ResultLines, SayThemselvesInWords)
     const Stage stage;
     EXPECT_EQ(stage.line(2)->accessibleName(), QStringLiteral("Change X → Y: +50% (increase)"));
     EXPECT_EQ(stage.line(2)->toolTip(), QStringLiteral("Click to copy “+50%”"));
+}
+
+TEST(ResultLines, ColourTheValueByItsToneAndElseTheHeadline)
+{
+    Rows rows = fourRows;
+    rows[1].tone = Tone::down;
+    rows.push_back({"Rise", "5", {}, Weight::headline, Tone::up});
+    rows.push_back({"Plain", "6", {}, Weight::primary, Tone::neutral});
+    const Stage stage(rows);
+    using Theme::Token;
+    const auto inks = std::to_array(
+        {Token::accentInk, Token::downInk, Token::upInk, Token::upInk, Token::upInk, Token::text});
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const QLabel* value = stage.value(i);
+        const Label same({}, Theme::FontRole::value, inks[i]);
+        EXPECT_EQ(value->palette().color(value->foregroundRole()),
+                  same.palette().color(same.foregroundRole()))
+            << rows[i].label;
+    }
 }
 
 TEST(ResultLines, StandAloneWithoutALabel)

@@ -109,7 +109,8 @@ TEST_F(ResultListTest, MovesItsMarkBetweenTheButtonAndALine)
 
 TEST_F(ResultListTest, SavesAtOnceOnlyForAPage)
 {
-    list->setRows(rows, "two months");
+    list->setRows(rows, "61 days");
+    list->setRows(rows, "two months"); // the same rows under another title
     button(QStringLiteral("Save to history"))->click();
     ASSERT_EQ(history().size(), 1U);
     EXPECT_EQ(history()[0].title, "two months");

@@ -65,6 +65,7 @@ TEST(SettingsPage, OffersThePresetsInTheirOrder)
     for (int i = 0; i < stage.picker->count(); ++i)
         EXPECT_EQ(toUtf8(stage.picker->itemText(i)), presets[static_cast<std::size_t>(i)].name);
     EXPECT_EQ(stage.picker->accessibleName(), QStringLiteral("Weekend"));
+    EXPECT_EQ(accessible(*stage.picker).relations(QAccessible::Label).size(), 1);
 }
 
 TEST(SettingsPage, TheStripRunsFromSundayToSaturday)
@@ -107,6 +108,27 @@ TEST(SettingsPage, TheClockIsSetByAssistiveTechnologyToo)
     toggleAccessibly(*stage.page.findChild<Switch*>());
     EXPECT_TRUE(stage.test.model.use24Hour());
     EXPECT_EQ(stage.test.model.store().setting("clock24"), "1");
+    EXPECT_EQ(stage.clock->accessibleDescription(),
+              QStringLiteral("Applies to the times shown in History and Notes."));
+}
+
+TEST(SettingsPage, ShowingWhatIsStoredWritesNothing)
+{
+    Stage stage(TestModel::Settings {{"clock24", "TRUE"}});
+    EXPECT_TRUE(stage.clock->isChecked());
+    EXPECT_EQ(stage.test.model.store().setting("clock24"), "TRUE");
+}
+
+TEST(SettingsPage, WorkdaysAreGreenAndTheWeekendIsOrange)
+{
+    const Stage stage;
+    for (Tag* day : stage.page.findChildren<Tag*>()) {
+        const bool isWeekend = day->accessibleDescription() == QStringLiteral("weekend");
+        const auto ink = isWeekend ? Theme::Token::weekendInk : Theme::Token::workdayInk;
+        const auto fill = isWeekend ? Theme::Token::weekendFill : Theme::Token::workdayFill;
+        EXPECT_EQ(day->palette().color(day->foregroundRole()), Theme::color(ink));
+        EXPECT_NEAR(day->grab().toImage().pixelColor(3, 15).hslHue(), Theme::color(fill).hslHue(), 2);
+    }
 }
 
 TEST(SettingsPage, AnUnknownRuleIsNobodysChoice)

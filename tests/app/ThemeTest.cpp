@@ -279,4 +279,5 @@ TEST(Theme, TintsSymbolsAndRendersThemForTheScreen)
         }
     }
     EXPECT_GT(painted, 40);
+    EXPECT_NE(Symbols::pixmap("arrow.left.arrow.right", 16, Qt::blue, 1.5).toImage(), symbol.toImage());
 }

@@ -28,6 +28,7 @@ struct HistoryStage
     HistoryStage()
     {
         area.setWidgetResizable(true);
+        area.setFocusPolicy(Qt::NoFocus);
         area.setWidget(&view);
         area.resize(800, 700);
     }
@@ -55,7 +56,9 @@ struct HistoryStage
     void settle()
     {
         test.clock.advance(std::chrono::seconds(1));
-        QCoreApplication::sendPostedEvents();
+        // The list asks the page for another height, the page then the area: a few turns.
+        for (int turn = 0; turn < 3; ++turn)
+            QCoreApplication::sendPostedEvents();
     }
 
     void scrollTo(int y)

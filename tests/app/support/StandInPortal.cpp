@@ -11,9 +11,9 @@ const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto connectionName = QStringLiteral("stand-in portal");
 
-QVariant variant(unsigned colorScheme)
+QVariant variant(unsigned value)
 {
-    return QVariant::fromValue(QDBusVariant(colorScheme));
+    return QVariant::fromValue(QDBusVariant(value));
 }
 
 } // namespace
@@ -49,9 +49,13 @@ bool StandInPortal::isReady() const
 void StandInPortal::setColorScheme(unsigned colorScheme)
 {
     m_colorScheme = colorScheme;
+    tell(QStringLiteral("color-scheme"), colorScheme);
+}
+
+void StandInPortal::tell(const QString& key, unsigned value)
+{
     QDBusMessage signal = QDBusMessage::createSignal(path, interface, QStringLiteral("SettingChanged"));
-    signal << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme")
-           << variant(colorScheme);
+    signal << QStringLiteral("org.freedesktop.appearance") << key << variant(value);
     m_bus.send(signal);
 }
 

@@ -21,6 +21,9 @@ public:
     /// Changes the setting and tells everybody, as a portal does.
     void setColorScheme(unsigned colorScheme);
 
+    /// Tells everybody of another setting of the appearance.
+    void tell(const QString& key, unsigned value);
+
     [[nodiscard]] QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 

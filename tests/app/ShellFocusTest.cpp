@@ -1,0 +1,133 @@
+#include "app/components/Label.h"
+#include "app/components/Pill.h"
+#include "app/look/Surface.h"
+#include "app/look/Theme.h"
+#include "app/model/Text.h"
+#include "app/pages/NotesView.h"
+#include "app/shell/AboutDialog.h"
+#include "app/shell/MainWindow.h"
+#include "app/shell/PageChrome.h"
+#include "app/shell/SidebarRow.h"
+#include "tests/app/support/TestModel.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+#include <algorithm>
+
+namespace zelta {
+namespace {
+
+/// Where the focus goes when a page is shown, and what of the window is seen then.
+struct ShellFocus : testing::Test
+{
+    test::TestModel test;
+    MainWindow window {test.model};
+
+    void SetUp() override
+    {
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    [[nodiscard]] SidebarRow* row(Module module) const
+    {
+        const auto rows = window.findChildren<SidebarRow*>();
+        return *std::ranges::find(rows, toQt(title(module)), &SidebarRow::text);
+    }
+
+    /// The page that is shown.
+    [[nodiscard]] PageChrome* page() const
+    {
+        const auto pages = window.findChildren<PageChrome*>();
+        return *std::ranges::find_if(pages, &QWidget::isVisible);
+    }
+
+    static QString focusedField()
+    {
+        const auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        return field != nullptr ? field->accessibleName() : QString();
+    }
+};
+
+TEST_F(ShellFocus, AClickShowsNoFocusRings)
+{
+    QTest::mouseClick(row(Module::percent), Qt::LeftButton);
+    EXPECT_EQ(focusedField(), QStringLiteral("Value X"));
+    EXPECT_FALSE(Surface::showsFocus(*QApplication::focusWidget()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(Surface::showsFocus(*QApplication::focusWidget()));
+}
+
+TEST_F(ShellFocus, TypingBeginsInTheFirstFieldThatIsSeen)
+{
+    test.model.setSelection(Module::percent);
+    QTest::mouseClick(window.findChildren<Pill*>().at(1), Qt::LeftButton);
+    test.model.setSelection(Module::settings);
+    test.model.setSelection(Module::percent);
+    EXPECT_EQ(focusedField(), QStringLiteral("Value"));
+}
+
+TEST_F(ShellFocus, WhoComesByTabIsSeen)
+{
+    window.resize(940, 620);
+    test.model.setSelection(Module::duration);
+    QApplication::processEvents();
+    row(Module::duration)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(row(Module::duration), Qt::Key_Backtab);
+    EXPECT_TRUE(page()->isAncestorOf(QApplication::focusWidget())) << "the last control of the page";
+    EXPECT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty());
+}
+
+TEST_F(ShellFocus, TheSelectedRowIsRaised)
+{
+    test.model.setSelection(Module::percent);
+    for (const Module module : allCases<Module>()) {
+        const QColor ground = row(module)->grab().toImage().pixelColor(3, row(module)->height() / 2);
+        EXPECT_EQ(ground.rgb() == Theme::color(Theme::Token::raised).rgb(), module == Module::percent)
+            << title(module);
+    }
+}
+
+TEST_F(ShellFocus, ThePageThatIsTurnedToShowsTheMessageAsWell)
+{
+    test.model.record(Module::calculator, "t", {{"a", "b", {}, {}, {}}});
+    test.model.setSelection(Module::percent);
+    const auto labels = page()->findChildren<Label*>();
+    const auto* message = *std::ranges::find(labels, QStringLiteral("Saved to history"), &Label::text);
+    EXPECT_TRUE(message->isVisible());
+}
+
+TEST_F(ShellFocus, AboutTellsTheVersionAndCloses)
+{
+    for (QAction* action : window.menuBar()->actions().back()->menu()->actions()) {
+        if (action->text() == QStringLiteral("&About Zelta Basic"))
+            action->trigger();
+    }
+    auto* about = window.findChild<AboutDialog*>();
+    ASSERT_NE(about, nullptr);
+    EXPECT_TRUE(about->isVisible());
+    QStringList texts;
+    for (const auto* label : about->findChildren<Label*>())
+        texts += label->text();
+    EXPECT_EQ(texts.join(QLatin1Char('|')),
+              QStringLiteral("Zelta Basic|Version development build|Everyday figures, offline and exact to "
+                             "the last digit."));
+    QTest::keyClick(about, Qt::Key_Return);
+    EXPECT_FALSE(about->isVisible());
+}
+
+TEST_F(ShellFocus, NotesFillThePage)
+{
+    test.model.setSelection(Module::notes);
+    QApplication::processEvents();
+    const auto* notes = window.findChild<NotesView*>();
+    EXPECT_EQ(notes->mapTo(page(), QPoint(0, notes->height())).y(), page()->height() - Metric::pagePadding);
+}
+
+} // namespace
+} // namespace zelta
