@@ -2,6 +2,7 @@
 #include "app/model/AppModel.h"
 #include "app/model/LaunchArguments.h"
 #include "app/model/SystemClock.h"
+#include "app/model/Text.h"
 #include "app/shell/Lifetime.h"
 #include "app/shell/MainWindow.h"
 #include "app/shell/Memory.h"
@@ -17,6 +18,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -45,9 +47,10 @@ void showPainted(QWidget& window)
 QStringList restartCommand(const Store& store, bool isPlaceGiven)
 {
     QStringList command {QCoreApplication::applicationFilePath()};
-    if (isPlaceGiven)
-        command << QStringLiteral("-ZeltaBasicDatabase")
-                << QString::fromStdString(std::filesystem::absolute(store.url()).string());
+    std::error_code unknown; // where the working directory has gone
+    const std::filesystem::path place = absolute(store.url(), unknown);
+    if (isPlaceGiven && !unknown)
+        command << QStringLiteral("-ZeltaBasicDatabase") << toQt(place.string());
     return command;
 }
 
