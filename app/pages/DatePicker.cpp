@@ -85,7 +85,8 @@ void DatePicker::openAt(QWidget& anchor, Instant date)
     constexpr int gap = 4;
     m_anchor = &anchor;
     setDate(date);
-    adjustSize();
+    m_grid->layout()->activate(); // or the height would be that of the month shown last
+    layout()->activate();
     // Where a month of six weeks has room, so that it stays in place while months are turned over.
     const int tallest = height() + m_grid->heightToSixWeeks();
     const QRect room = window()->rect();

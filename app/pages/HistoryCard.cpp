@@ -14,6 +14,7 @@
 #include <QPainter>
 #include <QtMath>
 #include <algorithm>
+#include <utility>
 
 namespace zelta {
 
@@ -102,8 +103,10 @@ void HistoryCard::setTime(const QString& time)
 
 void HistoryCard::setCopied(bool copied)
 {
-    m_isCopied = copied;
+    if (std::exchange(m_isCopied, copied) == copied)
+        return;
     m_copy->setConfirming(copied);
+    m_copy->setAccessibleDescription(copied ? QStringLiteral("Copied") : toQt(m_entry.title));
 }
 
 std::vector<QWidget*> HistoryCard::controls() const

@@ -115,7 +115,6 @@ void PageChrome::focusEntry()
         setFocus();
         return;
     }
-    // Not as if by Tab: that would show focus rings to those who came by mouse.
     (*first)->setFocus();
     (*first)->selectAll();
 }

@@ -193,9 +193,11 @@ TEST_F(HistoryViewTest, CopiesTheFullResultAndMarksItForHalfASecond)
     test.clock.advance(499ms);
     EXPECT_TRUE(cards()[0]->isCopied());
     EXPECT_NE(copy->grab().toImage(), resting) << "a check mark";
+    EXPECT_EQ(copy->accessibleDescription(), QStringLiteral("Copied"));
     test.clock.advance(1ms);
     EXPECT_FALSE(cards()[0]->isCopied());
     EXPECT_EQ(copy->grab().toImage(), resting);
+    EXPECT_EQ(copy->accessibleDescription(), QStringLiteral("a"));
 }
 
 TEST_F(HistoryViewTest, AnotherCopyTakesTheMarkForItsOwnHalfSecond)

@@ -140,9 +140,9 @@ TEST_F(NotesFocus, WhatIsInSightStaysWhileParagraphsComeAndGo)
     EXPECT_EQ(bar->value(), 0) << "another note begins at its top";
 }
 
-TEST_F(NotesFocus, TallerParagraphsAboveDoNotMoveWhatIsRead)
+TEST_F(NotesFocus, ParagraphsOfAnotherHeightThanExpectedDoNotMoveWhatIsRead)
 {
-    add(Texts(60, std::string(900, 'i'))); // narrow letters: the page expects more lines than there are
+    add(Texts(60, std::string(900, 'i'))); // narrow letters: fewer lines than expected
     open();
     QScrollBar* bar = page->pane()->paragraphs()->verticalScrollBar();
     page->pane()->paragraphs()->focusParagraph(59);

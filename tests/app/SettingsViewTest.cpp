@@ -3,6 +3,7 @@
 #include "app/components/Picker.h"
 #include "app/components/Switch.h"
 #include "app/components/Tag.h"
+#include "app/look/Theme.h"
 #include "app/model/Text.h"
 #include "tests/app/support/Accessible.h"
 #include "tests/app/support/TestModel.h"
@@ -96,8 +97,12 @@ TEST(SettingsPage, AClickOnTheLabelSetsTheClock)
 {
     Stage stage;
     for (QLabel* label : stage.page.findChildren<QLabel*>()) {
-        if (label->text() == QStringLiteral("Show times in 24-hour format"))
-            QTest::mouseClick(label, Qt::LeftButton);
+        if (label->text() != QStringLiteral("Show times in 24-hour format"))
+            continue;
+        QTest::mousePress(label, Qt::LeftButton);
+        QTest::mouseRelease(label, Qt::LeftButton, {}, {-20, 5});
+        EXPECT_FALSE(stage.test.model.use24Hour()) << "let go of elsewhere";
+        QTest::mouseClick(label, Qt::LeftButton);
     }
     EXPECT_TRUE(stage.test.model.use24Hour());
 }
