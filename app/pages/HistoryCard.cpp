@@ -139,7 +139,7 @@ void HistoryCard::paintEvent(QPaintEvent* /*event*/)
 
 void HistoryCard::resizeEvent(QResizeEvent* /*event*/)
 {
-    place(width(), Parts::move);
+    static_cast<void>(place(width(), Parts::move));
 }
 
 void HistoryCard::toggleDetail()
@@ -152,7 +152,7 @@ void HistoryCard::toggleDetail()
     m_detail->setVisible(shows);
     m_toggle->setLabel(shows ? QStringLiteral("Hide details") : QStringLiteral("Show details"));
     m_toggle->setSymbol(shows ? "chevron-up" : "chevron-down");
-    place(width(), Parts::move);
+    static_cast<void>(place(width(), Parts::move));
     Q_EMIT heightChanged();
     update();
 }

@@ -54,7 +54,7 @@ protected:
 private:
     void toggleDetail();
     enum class Parts { stay, move };
-    int place(int width, Parts parts) const;
+    [[nodiscard]] int place(int width, Parts parts) const;
 
     HistoryEntry m_entry;
     Label* m_title;
