@@ -4,7 +4,6 @@
 #include "core/Uuid.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>

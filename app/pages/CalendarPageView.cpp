@@ -18,7 +18,6 @@
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QVBoxLayout>
-#include <algorithm>
 
 namespace zelta {
 
