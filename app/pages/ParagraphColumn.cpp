@@ -28,16 +28,12 @@ constexpr int rowSpacing = 4;
 } // namespace
 
 ParagraphColumn::ParagraphColumn(Clock& clock, QWidget* parent)
-    : QScrollArea(parent)
+    : ScrollArea(parent)
     , m_clock(clock)
     , m_content(new QWidget(viewport()))
 {
-    setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFocusPolicy(Qt::NoFocus);
-    setWidget(m_content);
-    viewport()->setAutoFillBackground(false);
-    m_content->setAutoFillBackground(false);
+    setWidgetResizable(false); // the rows are placed here
+    setContent(m_content);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ParagraphColumn::placeRows);
 }
 
@@ -184,7 +180,7 @@ std::vector<TextBlockEditor*> ParagraphColumn::editors() const
 
 void ParagraphColumn::resizeEvent(QResizeEvent* event)
 {
-    QScrollArea::resizeEvent(event);
+    ScrollArea::resizeEvent(event);
     placeRows();
 }
 

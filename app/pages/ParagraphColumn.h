@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/components/ScrollArea.h"
 #include "app/model/Clock.h"
 #include "app/pages/NoteDraft.h"
 
-#include <QScrollArea>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,7 +16,7 @@ class TextBlockEditor;
 /// A note's paragraphs one below the other. A row keeps its editor, with caret and typing history, while
 /// paragraphs come and go around it. Editors are made when their rows come near the visible part, so that a
 /// note of a thousand paragraphs opens like one of ten.
-class ParagraphColumn final : public QScrollArea
+class ParagraphColumn final : public ScrollArea
 {
     Q_OBJECT
 

@@ -3,6 +3,7 @@
 #include "app/components/BleedingItem.h"
 #include "app/components/Button.h"
 #include "app/components/Label.h"
+#include "app/components/ScrollArea.h"
 #include "app/components/WrappingRow.h"
 #include "app/look/Surface.h"
 #include "app/look/Theme.h"
@@ -11,7 +12,6 @@
 #include <QAction>
 #include <QEvent>
 #include <QPainter>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QStringList>
 #include <QVBoxLayout>
@@ -111,13 +111,9 @@ TapePanel::TapePanel(QWidget* parent)
     setEntries({});
 }
 
-QScrollArea* TapePanel::makeArea()
+ScrollArea* TapePanel::makeArea()
 {
-    auto* area = new QScrollArea(this);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* area = new ScrollArea(this);
     area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     area->setMinimumHeight(2 * TapeLine::lineHeight);
     auto* column = new QWidget(area->viewport());
@@ -125,9 +121,7 @@ QScrollArea* TapePanel::makeArea()
     layout->setSpacing(0);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addStretch(1);
-    area->setWidget(column);
-    area->viewport()->setAutoFillBackground(false);
-    column->setAutoFillBackground(false);
+    area->setContent(column);
     area->viewport()->installEventFilter(this);
     return area;
 }

@@ -8,12 +8,12 @@
 #include <vector>
 
 class QAction;
-class QScrollArea;
 
 namespace zelta {
 
 class Button;
 class Label;
+class ScrollArea;
 class WrappingRow;
 
 /// One completed calculation: expression at the left, result at the right. A click uses the result.
@@ -65,7 +65,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QScrollArea* makeArea();
+    ScrollArea* makeArea();
     WrappingRow* makeButtons();
     void makeMenu();
     TapeLine* makeLine();
@@ -75,7 +75,7 @@ private:
     [[nodiscard]] std::size_t shownLines() const;
 
     Label* m_empty;
-    QScrollArea* m_area = nullptr;
+    ScrollArea* m_area = nullptr;
     std::vector<TapeLine*> m_lines; ///< The shown ones, newest first, then spare ones.
     Button* m_copy = nullptr;
     Button* m_save = nullptr;

@@ -65,17 +65,12 @@ private:
 } // namespace
 
 PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent)
-    : QScrollArea(parent)
+    : ScrollArea(parent)
     , m_module(module)
     , m_model(model)
     , m_column(new QWidget(viewport()))
 {
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFocusPolicy(Qt::NoFocus);
     setAccessibleName(toQt(title(module))); // it may have the focus
-    viewport()->setAutoFillBackground(false);
 
     auto* layout = new PageLayout(m_column, *this);
     layout->addWidget(makeHeader(m_column));
@@ -84,8 +79,7 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     layout->addWidget(content, fills ? 1 : 0);
     if (!fills)
         layout->addStretch(1);
-    setWidget(m_column);
-    m_column->setAutoFillBackground(false);
+    setContent(m_column);
 
     connect(&model, &AppModel::lastSaveMessageChanged, this, &PageChrome::showMessage);
     const auto showSubtitle = [this] { m_subtitle->setText(toQt(m_model.subtitle(m_module))); };

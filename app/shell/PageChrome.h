@@ -1,8 +1,7 @@
 #pragma once
 
+#include "app/components/ScrollArea.h"
 #include "app/model/Module.h"
-
-#include <QScrollArea>
 
 namespace zelta {
 
@@ -12,7 +11,7 @@ class Label;
 
 /// The frame of every page: badge, title and subtitle above the page's own content, in a column of limited
 /// width that scrolls. A page whose size policy expands downwards fills the view; others keep their height.
-class PageChrome final : public QScrollArea
+class PageChrome final : public ScrollArea
 {
     Q_OBJECT
 

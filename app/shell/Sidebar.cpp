@@ -2,6 +2,7 @@
 
 #include "app/components/Label.h"
 #include "app/components/Line.h"
+#include "app/components/ScrollArea.h"
 #include "app/components/SymbolIcon.h"
 #include "app/look/Theme.h"
 #include "app/model/AppInfo.h"
@@ -11,7 +12,6 @@
 
 #include <QButtonGroup>
 #include <QPainter>
-#include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -62,12 +62,7 @@ QWidget* Sidebar::makeHeader()
 
 QWidget* Sidebar::makeRows()
 {
-    auto* area = new QScrollArea(this);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->viewport()->setAutoFillBackground(false);
+    auto* area = new ScrollArea(this);
     auto* list = new QWidget(area->viewport());
     list->setAccessibleName(QStringLiteral("Pages"));
     auto* layout = new QVBoxLayout(list);
@@ -86,8 +81,7 @@ QWidget* Sidebar::makeRows()
         m_rows[static_cast<std::size_t>(module)] = row;
     }
     layout->addStretch(1);
-    area->setWidget(list);
-    list->setAutoFillBackground(false);
+    area->setContent(list);
     return area;
 }
 
