@@ -123,6 +123,29 @@ TEST_F(EditMenuTest, ActsOnTheParagraphWithTheFocus)
     EXPECT_EQ(field.text(), QString());
 }
 
+TEST_F(EditMenuTest, ChangesNothingInAFieldThatIsOnlyRead)
+{
+    field.setText(QStringLiteral("12"));
+    field.setReadOnly(true);
+    field.setFocus();
+    field.selectAll();
+    EXPECT_EQ(able(), "Copy, Select All");
+    field.clearFocus();
+    EXPECT_EQ(able(), "");
+}
+
+TEST_F(EditMenuTest, FollowsAParagraphThatIsEmptied)
+{
+    paragraph.setPlainText(QStringLiteral("a"));
+    paragraph.setFocus();
+    Q_EMIT menu.aboutToShow();
+    EXPECT_EQ(able(), "Select All");
+    QTest::keyClick(&paragraph, Qt::Key_Delete);
+    EXPECT_EQ(able(), "Undo");
+    QTest::keyClicks(&paragraph, QStringLiteral("b"));
+    EXPECT_EQ(able(), "Undo, Select All");
+}
+
 TEST_F(EditMenuTest, DeletesOnlyWhatIsSelected)
 {
     paragraph.setPlainText(QStringLiteral("two words"));

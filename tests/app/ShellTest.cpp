@@ -21,7 +21,6 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTextEdit>
 #include <algorithm>
 #include <csignal>
 
@@ -321,55 +320,6 @@ TEST_F(ShellTest, SavedToHistoryAppearsInTheHeaderAndMovesNothing)
     test.clock.advance(2s);
     EXPECT_FALSE(message->isVisible());
     EXPECT_EQ(title->geometry(), before);
-}
-
-TEST_F(ShellTest, TheEditMenuIsEnabledExactlyWhereTheFocusedTextCan)
-{
-    QLineEdit field(&window);
-    show();
-    const auto able = [&](const QString& name) {
-        for (const QAction* action : menu(QStringLiteral("Edit"))->actions()) {
-            if (action->text().remove(QLatin1Char('&')) == name)
-                return action->isEnabled();
-        }
-        return false;
-    };
-    EXPECT_FALSE(able(QStringLiteral("Undo")));
-    EXPECT_FALSE(able(QStringLiteral("Paste")));
-    field.show();
-    field.setFocus();
-    EXPECT_FALSE(able(QStringLiteral("Undo")));
-    QTest::keyClicks(&field, QStringLiteral("12"));
-    EXPECT_TRUE(able(QStringLiteral("Undo")));
-    EXPECT_FALSE(able(QStringLiteral("Redo")));
-    EXPECT_FALSE(able(QStringLiteral("Copy")));
-    field.selectAll();
-    EXPECT_TRUE(able(QStringLiteral("Copy")));
-    EXPECT_TRUE(able(QStringLiteral("Delete")));
-    field.setReadOnly(true);
-    field.deselect();
-    field.selectAll();
-    EXPECT_TRUE(able(QStringLiteral("Copy")));
-    EXPECT_FALSE(able(QStringLiteral("Cut")));
-    field.clearFocus();
-    EXPECT_FALSE(able(QStringLiteral("Copy")));
-}
-
-TEST_F(ShellTest, TheEditMenuFollowsAParagraphThatIsEmptied)
-{
-    QTextEdit text(&window);
-    text.setPlainText(QStringLiteral("a"));
-    show();
-    text.show();
-    text.setFocus();
-    const auto isAble = [&] {
-        return menu(QStringLiteral("Edit"))->actions().back()->isEnabled(); // "Select All"
-    };
-    EXPECT_TRUE(isAble());
-    QTest::keyClick(&text, Qt::Key_Delete);
-    EXPECT_FALSE(isAble());
-    QTest::keyClicks(&text, QStringLiteral("b"));
-    EXPECT_TRUE(isAble());
 }
 
 TEST_F(ShellTest, TheEditMenuOpenedByKeyStillMeansTheSelection)
