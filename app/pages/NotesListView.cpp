@@ -51,6 +51,15 @@ protected:
     }
     void mouseDoubleClickEvent(QMouseEvent* event) override { event->accept(); }
 
+    // Qt tells assistive technology that the new row has the focus, wherever the focus is.
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override
+    {
+        if (hasFocus())
+            QListView::currentChanged(current, previous);
+        else
+            QAbstractItemView::currentChanged(current, previous);
+    }
+
     // A heading cannot be chosen; there is a note below each.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override
     {

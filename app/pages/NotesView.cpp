@@ -215,12 +215,17 @@ void NotesView::appendBlock()
 void NotesView::removeBlock(std::size_t at)
 {
     handOn();
-    const auto focused = m_pane->paragraphs()->focusedParagraph();
+    ParagraphColumn& paragraphs = *m_pane->paragraphs();
+    const bool hadFocus = paragraphs.focusedParagraph() == at;
+    const std::size_t before = m_draft ? m_draft->note().blocks.size() : 0;
     if (!m_draft || !m_draft->remove(at, now()))
         return;
+    // Before the paragraph goes, or Qt would pass the focus on to a stranger first.
+    if (hadFocus && before > 1)
+        paragraphs.focusParagraph(at + 1 < before ? at + 1 : at - 1);
     draftChanged();
-    if (focused == at)
-        m_pane->paragraphs()->focusParagraph(std::min(at, m_draft->note().blocks.size() - 1));
+    if (hadFocus && !paragraphs.focusedParagraph())
+        paragraphs.focusParagraph(0);
 }
 
 /// After a step of the draft: the page shows it, and it is saved when no more follow.

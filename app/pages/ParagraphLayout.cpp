@@ -39,8 +39,7 @@ bool ParagraphLayout::layOut(qreal top, qreal bottom)
     const int before = height();
     QTextBlock block = document()->findBlockByLineNumber(std::max(0, int(top) - inset.top()));
     for (; block.isValid(); block = block.next()) {
-        ensureLaidOut(block);
-        if (inset.top() + block.firstLineNumber() + block.lineCount() > bottom)
+        if (blockBoundingRect(block).bottom() > bottom)
             break;
     }
     announceHeight();
@@ -61,12 +60,11 @@ void ParagraphLayout::draw(QPainter* painter, const PaintContext& context)
         const QRectF area = blockBoundingRect(block);
         if (area.top() > clip.bottom())
             break;
-        drawBlock(*painter, context, block, area.topLeft());
+        drawBlock(*painter, context, block);
     }
 }
 
-void ParagraphLayout::drawBlock(QPainter& painter, const PaintContext& context, const QTextBlock& block,
-                                const QPointF& origin) const
+void ParagraphLayout::drawBlock(QPainter& painter, const PaintContext& context, const QTextBlock& block) const
 {
     QList<QTextLayout::FormatRange> selections;
     for (const Selection& selection : context.selections) {
@@ -74,6 +72,7 @@ void ParagraphLayout::drawBlock(QPainter& painter, const PaintContext& context, 
             selections.append(*part);
     }
     const QTextLayout& lines = *block.layout();
+    const QPointF origin; // the lines know where their block is
     lines.draw(&painter, origin, selections, context.clip);
 
     // A position below -1 tells of a cursor inside of text that an input method is still composing.
@@ -122,8 +121,9 @@ QRectF ParagraphLayout::blockBoundingRect(const QTextBlock& block) const
     if (!block.isValid())
         return {};
     ensureLaidOut(block);
-    return {0, qreal(inset.top() + block.firstLineNumber()), documentSize().width(),
-            qreal(block.lineCount())};
+    const QRectF area(0, inset.top() + block.firstLineNumber(), documentSize().width(), block.lineCount());
+    block.layout()->setPosition(area.topLeft()); // assistive technology asks the lines where a character is
+    return area;
 }
 
 /// Called after each edit, and for the whole document when its width, font or text option has changed.

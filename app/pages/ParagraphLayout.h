@@ -44,8 +44,7 @@ private:
     void ensureLaidOut(const QTextBlock& block) const;
     [[nodiscard]] int estimatedHeight(const QTextBlock& block) const;
     void announceHeight();
-    void drawBlock(QPainter& painter, const PaintContext& context, const QTextBlock& block,
-                   const QPointF& origin) const;
+    void drawBlock(QPainter& painter, const PaintContext& context, const QTextBlock& block) const;
 
     qreal m_averageCharacter = 1;
     int m_announcedHeight = 0;

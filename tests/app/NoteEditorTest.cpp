@@ -1,6 +1,7 @@
 #include "app/components/IconButton.h"
 #include "app/pages/SelectableTextEditor.h"
 #include "app/pages/TextBlockEditor.h"
+#include "tests/app/support/Accessible.h"
 #include "tests/app/support/HandClock.h"
 #include "tests/app/support/StandInInputMethod.h"
 
@@ -228,6 +229,28 @@ TEST(ParagraphEditor, RightToLeftLinesStandAtTheRight)
     stage.editor.setText(QStringLiteral("left"));
     stage.key(Qt::Key_Home);
     EXPECT_LT(stage.editor.cursorRect().x(), 30);
+}
+
+TEST(ParagraphEditor, TellsWhereACharacterIs)
+{
+    Stage stage("first\nsecond\nthird");
+    QAccessibleTextInterface& text = *test::accessible(stage.editor).textInterface();
+    for (const int typed : {0, 4}) { // lines that come before move what follows
+        for (const int offset : {0, 6 + typed, 13 + typed}) {
+            stage.setCaret(offset);
+            const QRect caret(stage.editor.viewport()->mapToGlobal(stage.editor.cursorRect().topLeft()),
+                              QSize(1, 1));
+            const QRect character = text.characterRect(offset);
+            EXPECT_NEAR(character.left(), caret.left(), 2) << offset;
+            EXPECT_NEAR(character.top(), caret.top(), 4) << offset;
+            EXPECT_EQ(text.offsetAtPoint(character.center()), offset);
+        }
+        stage.setCaret(0);
+        stage.type(QStringLiteral("a"));
+        stage.key(Qt::Key_Return);
+        stage.type(QStringLiteral("b"));
+        stage.key(Qt::Key_Return);
+    }
 }
 
 TEST(ParagraphEditor, RareCharactersSurviveTyping)
