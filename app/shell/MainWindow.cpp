@@ -141,10 +141,11 @@ void MainWindow::showSelection()
     const Module module = m_model.selection();
     PageChrome* shown = page(module);
     // Who walks the sidebar by keyboard stays there; everybody else can type at once.
-    const auto* row = qobject_cast<SidebarRow*>(focusWidget());
+    QWidget* focus = focusWidget();
+    const auto* row = qobject_cast<SidebarRow*>(focus);
     const bool isWalking = row && Surface::showsFocus(*row);
-    if (!isWalking)
-        m_pages->setFocus(); // or the stack would give it to whatever comes first on the page
+    if (!isWalking && focus != nullptr)
+        focus->clearFocus(); // or the stack would give it to whatever comes first on the page
     m_pages->setCurrentWidget(shown);
     setWindowTitle(toQt(title(module)));
     if (!isWalking)
@@ -162,7 +163,8 @@ PageChrome* MainWindow::page(Module module)
 {
     PageChrome*& page = m_built[static_cast<std::size_t>(module)];
     if (!page) {
-        page = new PageChrome(module, m_model, makeContent(module, m_model, m_pages), m_pages);
+        const auto content = [this, module](QWidget* parent) { return makeContent(module, m_model, parent); };
+        page = new PageChrome(module, m_model, content, m_pages);
         m_pages->addWidget(page);
     }
     return page;

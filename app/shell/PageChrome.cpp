@@ -64,7 +64,7 @@ private:
 
 } // namespace
 
-PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent)
+PageChrome::PageChrome(Module module, AppModel& model, const MakeContent& makeContent, QWidget* parent)
     : ScrollArea(parent)
     , m_module(module)
     , m_model(model)
@@ -75,6 +75,7 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     auto* layout = new PageLayout(m_column, *this);
     layout->addWidget(makeHeader(m_column));
     layout->addSpacing(spacingBelowHeader(module));
+    QWidget* content = makeContent(m_column);
     const bool fills = content->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag;
     layout->addWidget(content, fills ? 1 : 0);
     if (!fills)
@@ -88,6 +89,8 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
     // The scroll area follows Tab within the page; who comes into it by Tab from outside must be seen as
     // well.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        if (m_column->isAncestorOf(now))
+            m_lastFocus = now;
         if (isVisible() && m_column->isAncestorOf(now) && !m_column->isAncestorOf(before)
             && Surface::showsFocus(*now))
             ensureWidgetVisible(now);
@@ -98,7 +101,7 @@ PageChrome::PageChrome(Module module, AppModel& model, QWidget* content, QWidget
 void PageChrome::focusEntry()
 {
     // Not a focus proxy of the page: that takes every stop before and after the field out of the Tab order.
-    if (auto* text = qobject_cast<QTextEdit*>(focusWidget()); text && text->isVisibleTo(this)) {
+    if (auto* text = qobject_cast<QTextEdit*>(m_lastFocus); text && text->isVisibleTo(this)) {
         text->setFocus();
         return;
     }

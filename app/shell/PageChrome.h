@@ -3,6 +3,9 @@
 #include "app/components/ScrollArea.h"
 #include "app/model/Module.h"
 
+#include <QPointer>
+#include <functional>
+
 namespace zelta {
 
 class AppModel;
@@ -16,8 +19,11 @@ class PageChrome final : public ScrollArea
     Q_OBJECT
 
 public:
-    /// Takes ownership of `content`.
-    PageChrome(Module module, AppModel& model, QWidget* content, QWidget* parent);
+    /// Makes the page's content as a child of the widget that it is given, after the page itself: Tab goes on
+    /// from the page to the first control of its content.
+    using MakeContent = std::function<QWidget*(QWidget* parent)>;
+
+    PageChrome(Module module, AppModel& model, const MakeContent& makeContent, QWidget* parent);
 
     /// Puts the caret where typing on this page begins: its first field, or the paragraph of a note that had
     /// it last. A page without takes the focus itself, so that no key presses a button unasked.
@@ -33,6 +39,7 @@ private:
     Module m_module;
     AppModel& m_model;
     QWidget* m_column;
+    QPointer<QWidget> m_lastFocus; ///< In this page.
     Label* m_subtitle = nullptr;
     Flash* m_message = nullptr;
 };

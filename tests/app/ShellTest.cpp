@@ -290,7 +290,11 @@ struct Content : QWidget
 TEST_F(ShellTest, TheContentKeepsItsWidthWhenTheScrollBarComesAndGoes)
 {
     auto* content = new Content;
-    PageChrome page(Module::percent, test.model, content, nullptr);
+    const auto make = [content](QWidget* parent) {
+        content->setParent(parent);
+        return content;
+    };
+    PageChrome page(Module::percent, test.model, make, nullptr);
     page.resize(800, 600);
     page.show();
     const QScrollBar* bar = page.verticalScrollBar();
