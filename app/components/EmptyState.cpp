@@ -1,5 +1,6 @@
 #include "app/components/EmptyState.h"
 
+#include "app/components/Announcement.h"
 #include "app/components/Label.h"
 #include "app/components/SymbolIcon.h"
 
@@ -18,7 +19,7 @@ EmptyState::EmptyState(std::string_view symbol, const QString& title, const QStr
     constexpr int belowTitle = 4;
     constexpr int below = 20;
     constexpr int lineHeight = 18;
-    auto* heading = new Label(title, Theme::FontRole::bodyBold, Theme::Token::text, this);
+    auto* heading = new Announcement(title, Theme::FontRole::bodyBold, Theme::Token::text, this);
     heading->setAlignment(Qt::AlignHCenter);
     auto* sentence = new Label(text, Theme::FontRole::menu, Theme::Token::textSecondary, this);
     sentence->setAlignment(Qt::AlignHCenter);

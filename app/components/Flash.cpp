@@ -1,6 +1,6 @@
 #include "app/components/Flash.h"
 
-#include "app/components/Label.h"
+#include "app/components/Announcement.h"
 #include "app/components/SymbolIcon.h"
 
 #include <QHBoxLayout>
@@ -12,7 +12,7 @@ Flash::Flash(Clock& clock, std::chrono::milliseconds duration, QWidget* parent)
     , m_clock(clock)
     , m_duration(duration)
     , m_icon(new SymbolIcon("checkmark", 14, Theme::Token::upInk, this))
-    , m_label(new Label({}, Theme::FontRole::captionMedium, Theme::Token::upInk, this))
+    , m_label(new Announcement({}, Theme::FontRole::captionMedium, Theme::Token::upInk, this))
 {
     constexpr int gap = 6;
     constexpr int height = 16;
@@ -40,6 +40,7 @@ void Flash::hold(const QString& text)
 {
     m_end.cancel();
     m_label->setText(text);
+    m_label->announce(); // one that is seen already takes another text, or counts once more
     setShowing(true);
 }
 

@@ -6,7 +6,7 @@
 
 namespace zelta {
 
-class Label;
+class Announcement;
 class SymbolIcon;
 
 /// A short confirmation, "Tape copied": check mark and text in the colour of success, gone after its time. A
@@ -38,7 +38,7 @@ private:
     Clock& m_clock;
     std::chrono::milliseconds m_duration;
     SymbolIcon* m_icon;
-    Label* m_label;
+    Announcement* m_label;
     Clock::Task m_end;
     bool m_isShowing = false;
 };

@@ -1,6 +1,6 @@
 #include "app/components/WarningLine.h"
 
-#include "app/components/Label.h"
+#include "app/components/Announcement.h"
 #include "app/components/SymbolIcon.h"
 
 #include <QHBoxLayout>
@@ -14,7 +14,7 @@ WarningLine::WarningLine(const QString& text, std::string_view symbol, QWidget* 
     constexpr int gap = 6;
     constexpr double opacity = 0.8;
     auto* icon = new SymbolIcon(symbol, symbolSize, Theme::Token::warnInk, this);
-    auto* label = new Label(text, Theme::FontRole::caption, Theme::Token::warnInk, this);
+    auto* label = new Announcement(text, Theme::FontRole::caption, Theme::Token::warnInk, this);
     icon->setOpacity(opacity);
     label->setOpacity(opacity);
     auto* row = new QHBoxLayout(this);

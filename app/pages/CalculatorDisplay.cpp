@@ -1,5 +1,6 @@
 #include "app/pages/CalculatorDisplay.h"
 
+#include "app/components/Announcement.h"
 #include "app/components/Label.h"
 #include "app/look/Surface.h"
 #include "app/look/Theme.h"
@@ -32,22 +33,32 @@ QFont fittingFont(const QString& number, int width)
 CalculatorDisplay::CalculatorDisplay(QWidget* parent)
     : QLabel(parent)
     , m_expressionLabel(new Label({}, Theme::FontRole::body, Theme::Token::textSecondary, this))
-    , m_numberLabel(new Label({}, Theme::FontRole::calculatorNumber, Theme::Token::text, this))
+    , m_numberLabel(new Announcement({}, Theme::FontRole::calculatorNumber, Theme::Token::text, this))
 {
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    for (Label* label : {m_expressionLabel, m_numberLabel})
+    for (Label* label : {m_expressionLabel, static_cast<Label*>(m_numberLabel)})
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void CalculatorDisplay::setTexts(const QString& expression, const QString& number)
 {
+    if (expression == m_expression && number == m_number)
+        return; // or it would be announced as a change
     m_expression = expression;
     m_number = number;
-    // The labels below hold the texts; the display itself says what they belong to.
+    m_expressionLabel->setAccessibleName(expression);
+    m_numberLabel->setAccessibleName(number);
+    // The labels below hold the texts; the display itself says what they belong to. Between the two a reader
+    // pauses: "12 + 12" has not been entered.
     setAccessibleName(QStringLiteral("Display: ")
-                      + (expression.isEmpty() ? number : expression + QLatin1Char(' ') + number));
+                      + (expression.isEmpty() ? number : expression + QStringLiteral(", ") + number));
     fit();
+}
+
+void CalculatorDisplay::announceNumber()
+{
+    m_numberLabel->announce();
 }
 
 QSize CalculatorDisplay::sizeHint() const
@@ -67,10 +78,8 @@ void CalculatorDisplay::fit()
     const QString shown = QFontMetrics(font).elidedText(m_number, Qt::ElideMiddle, room);
     m_numberLabel->setFont(font);
     m_numberLabel->setText(shown);
-    m_numberLabel->setAccessibleName(m_number);
     const QFontMetrics expressionMetrics(m_expressionLabel->font());
     m_expressionLabel->setText(expressionMetrics.elidedText(m_expression, Qt::ElideMiddle, room));
-    m_expressionLabel->setAccessibleName(m_expression);
     setToolTip(shown == m_number ? QString() : m_number);
 }
 

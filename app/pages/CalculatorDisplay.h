@@ -4,6 +4,7 @@
 
 namespace zelta {
 
+class Announcement;
 class Label;
 
 /// The calculator's display: the pending expression above the number, both at the right. A long number
@@ -20,6 +21,8 @@ public:
     explicit CalculatorDisplay(QWidget* parent = nullptr);
 
     void setTexts(const QString& expression, const QString& number);
+    /// Has the number spoken: the reader of who looks elsewhere does not follow the display.
+    void announceNumber();
     [[nodiscard]] const QString& number() const { return m_number; }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -39,7 +42,7 @@ private:
     QString m_expression;
     QString m_number;
     Label* m_expressionLabel;
-    Label* m_numberLabel;
+    Announcement* m_numberLabel;
 };
 
 } // namespace zelta

@@ -69,8 +69,7 @@ QWidget* CalculatorView::makeLeftColumn()
     m_display = new CalculatorDisplay(card);
     connect(m_display, &CalculatorDisplay::copyRequested, this, &CalculatorView::copyDisplay);
     m_keypad = new Keypad(card);
-    connect(m_keypad, &Keypad::pressed, this,
-            [this](const CalculatorKey& key) { change([&](Calculator& c) { key.press(c); }); });
+    connect(m_keypad, &Keypad::pressed, this, &CalculatorView::press);
     card->content()->addWidget(m_display);
     card->content()->addSpacing(belowDisplay);
     card->content()->addWidget(m_keypad);
@@ -149,8 +148,18 @@ std::function<void()> CalculatorView::actionFor(const QKeyEvent& event)
     if (modifiers == Qt::ControlModifier && event.key() == Qt::Key_C)
         return [this] { copyDisplay(); };
     if (const auto key = CalculatorKey::typed(event))
-        return [this, key = *key] { change([&](Calculator& c) { key.press(c); }); };
+        return [this, key = *key] { press(key); };
     return {};
+}
+
+void CalculatorView::press(const CalculatorKey& key)
+{
+    const QString before = m_display->number();
+    change([&](Calculator& c) { key.press(c); });
+    // A reader repeats what is typed; what another key makes of that has to be told.
+    const bool isTyped = key.kind == CalculatorKey::Kind::digit || key.kind == CalculatorKey::Kind::point;
+    if (key.kind == CalculatorKey::Kind::equals || (!isTyped && m_display->number() != before))
+        m_display->announceNumber();
 }
 
 void CalculatorView::change(const std::function<void(Calculator&)>& action)

@@ -11,6 +11,7 @@ namespace zelta {
 
 class AppModel;
 class CalculatorDisplay;
+struct CalculatorKey;
 class Flash;
 class Keypad;
 class TapePanel;
@@ -39,6 +40,7 @@ private:
 
     /// What a key press does here; empty for keys that are passed on.
     std::function<void()> actionFor(const QKeyEvent& event);
+    void press(const CalculatorKey& key);
     void change(const std::function<void(Calculator&)>& action);
     void refresh();
     void copy(const QString& text, const QString& confirmation);

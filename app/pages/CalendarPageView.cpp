@@ -1,5 +1,6 @@
 #include "app/pages/CalendarPageView.h"
 
+#include "app/components/Announcement.h"
 #include "app/components/Card.h"
 #include "app/components/CopyChip.h"
 #include "app/components/IconButton.h"
@@ -90,7 +91,7 @@ QWidget* CalendarPageView::makeMonthCard()
     connect(today, &QPushButton::clicked, this, &CalendarPageView::goToToday);
     connect(next, &QPushButton::clicked, this, [this] { step(1); });
 
-    m_title = new Label({}, Theme::FontRole::headline, Theme::Token::text, card);
+    m_title = new Announcement({}, Theme::FontRole::headline, Theme::Token::text, card);
     m_title->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_summary = new Label({}, Theme::FontRole::body, Theme::Token::textSecondary, card);
 
@@ -224,7 +225,10 @@ void CalendarPageView::refresh()
 {
     followZone();
     const DateOptions current = m_model.dateOptions();
-    m_title->setText(toQt(CalendarGrid::title(m_cursor.anchor, current)));
+    if (const QString title = toQt(CalendarGrid::title(m_cursor.anchor, current)); title != m_title->text()) {
+        m_title->setText(title);
+        m_title->announce();
+    }
     m_summary->setText(toQt(current.weekendRule.summary()));
     m_grid->showMonth(CalendarGrid::month(m_cursor.anchor, current, m_model.today()),
                       CalendarKit::dayKey(m_cursor.selected, m_calendar), m_calendar);

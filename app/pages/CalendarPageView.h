@@ -11,6 +11,7 @@ class QKeyEvent;
 
 namespace zelta {
 
+class Announcement;
 class AppModel;
 class CopyChip;
 class Label;
@@ -53,7 +54,7 @@ private:
     Calendar m_calendar; ///< In which the cursor's dates are the days that are shown.
     MonthCursor m_cursor;
     Clock::Task m_midnight;
-    Label* m_title = nullptr;
+    Announcement* m_title = nullptr;
     Label* m_summary = nullptr;
     MonthGrid* m_grid = nullptr;
     Label* m_selectedDate = nullptr;

@@ -1,5 +1,6 @@
 #include "app/pages/DateInput.h"
 
+#include "app/components/Announcement.h"
 #include "app/components/CopyableText.h"
 #include "app/components/IconButton.h"
 #include "app/components/Label.h"
@@ -121,8 +122,8 @@ QWidget* DateInput::makeWarning()
     row->setSpacing(gap);
     row->addWidget(
         new SymbolIcon("exclamationmark.triangle.fill", symbolSize, Theme::Token::warnInk, warning));
-    row->addWidget(
-        new Label(QStringLiteral("Not a real date"), Theme::FontRole::menu, Theme::Token::warnInk, warning));
+    row->addWidget(new Announcement(QStringLiteral("Not a real date"), Theme::FontRole::menu,
+                                    Theme::Token::warnInk, warning));
     warning->hide();
     return warning;
 }
@@ -194,6 +195,11 @@ void DateInput::showWarning(bool isWarning)
 {
     m_longDate->setVisible(!isWarning);
     m_warning->setVisible(isWarning);
+    for (QLineEdit* field : {m_day, m_month, m_year}) {
+        const QString description = isWarning ? QStringLiteral("Not a real date") : QString();
+        if (field->accessibleDescription() != description)
+            field->setAccessibleDescription(description);
+    }
 }
 
 } // namespace zelta

@@ -1,5 +1,6 @@
 """The program as a person has it: found on the accessibility bus by its words, driven by keys and mouse."""
 
+import contextlib
 import os
 import pathlib
 import signal
@@ -10,14 +11,15 @@ import desktop
 
 Role = None  # pyatspi may be loaded only once a desktop's environment is in force, see load()
 _atspi = None
-_listener = None
+_listeners = []
 _last_focused = None
+_heard = []  # what a screen reader would have said by itself: ("focus" or "notification", name)
 _scale = 1
 
 
 def load(environment):
     """Connects this process to the desktop's accessibility bus. Nothing is cached: what is read is what is shown."""
-    global Role, _atspi, _listener, _scale
+    global Role, _atspi, _scale
     os.environ.update(environment)
     _scale = float(environment.get("QT_SCALE_FACTOR", 1))
     time.tzset()
@@ -26,14 +28,24 @@ def load(environment):
 
     Role, _atspi = Atspi.Role, Atspi
     pyatspi.Registry.getDesktop(0).set_cache_mask(Atspi.Cache.NONE)
-    _listener = Atspi.EventListener.new(_remember_focus)
-    _listener.register("object:state-changed:focused")
+    for listener, event in [(_remember_focus, "focused"), (_hear_notification, "showing")]:
+        _listeners.append(Atspi.EventListener.new(listener))
+        _listeners[-1].register(f"object:state-changed:{event}")
 
 
 def _remember_focus(event):
     global _last_focused
     if event.detail1:
         _last_focused = event.source
+        with contextlib.suppress(Exception):  # a thing that is gone says nothing
+            _heard.append(("focus", event.source.get_name()))
+
+
+def _hear_notification(event):
+    """Of what comes into view away from the focus, readers speak notifications and nothing else."""
+    with contextlib.suppress(Exception):
+        if event.detail1 and event.source.get_role() == Role.NOTIFICATION:
+            _heard.append(("notification", event.source.get_name()))
 
 
 def _hear_events():
@@ -126,6 +138,13 @@ class Program:
     def wait_until_focused(self):
         """Keys sent before the window manager has given us the focus would go nowhere."""
         desktop.wait_for(lambda: self.root() and self.root().has("active"), "the window in front", 30)
+
+    def heard(self):
+        """What a screen reader would have said by itself since the last time that this was asked."""
+        _hear_events()
+        words = _heard[:]
+        _heard.clear()
+        return words
 
     # What is there
 
