@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
+#include <QStringList>
 
 namespace zelta {
 
@@ -41,7 +42,9 @@ void DayTile::setCell(const DayCell& cell, const Calendar& calendar)
     const QString kind = cell.isWeekend ? QStringLiteral("weekend") : QStringLiteral("working day");
     const QString help = m_look == Look::page ? QStringLiteral("%1 — %2").arg(m_longDate, kind) : m_longDate;
     setToolTip(help);
-    setAccessibleName(help);
+    if (help != accessibleName()) // or each tile would be announced as renamed whenever a day is chosen
+        setAccessibleName(help);
+    describe();
     update();
 }
 
@@ -49,8 +52,21 @@ void DayTile::setSelected(bool selected)
 {
     m_selected = selected;
     setFocusPolicy(selected ? Qt::TabFocus : Qt::NoFocus);
-    setAccessibleDescription(selected ? QStringLiteral("selected") : QString());
+    describe();
     update();
+}
+
+/// Says what the colours of the tile say.
+void DayTile::describe()
+{
+    QStringList words;
+    if (m_cell.isToday)
+        words << QStringLiteral("today");
+    if (m_selected)
+        words << QStringLiteral("selected");
+    const QString description = words.join(QStringLiteral(", "));
+    if (description != accessibleDescription())
+        setAccessibleDescription(description);
 }
 
 void DayTile::contextMenuEvent(QContextMenuEvent* event)

@@ -36,6 +36,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void describe();
     void paintPageTile(QPainter& painter) const;
     void paintPickerDay(QPainter& painter) const;
     [[nodiscard]] int daysForKey(const QKeyEvent& event) const;

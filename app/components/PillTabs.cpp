@@ -50,10 +50,14 @@ void PillTabs::setSelection(const QString& value)
     if (found == m_pills.end())
         return;
     m_selected = *found;
+    // One tab stop, the selected pill; a focus in the row goes with the selection.
+    const bool hadFocus = std::ranges::any_of(m_pills, [](const Pill* pill) { return pill->hasFocus(); });
     for (Pill* pill : m_pills) {
         pill->setChecked(pill == m_selected);
         pill->setFocusPolicy(pill == m_selected ? Qt::TabFocus : Qt::NoFocus);
     }
+    if (hadFocus)
+        (*found)->setFocus();
 }
 
 QSize PillTabs::sizeHint() const

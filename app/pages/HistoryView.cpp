@@ -181,15 +181,15 @@ void HistoryView::remove(const HistoryEntry& entry)
     const std::int64_t id = entry.id;
     const auto place = std::find(m_ids.begin(), m_ids.end(), id) - m_ids.begin();
     const HistoryCard* card = m_list->card(id);
-    const bool hadFocus = card != nullptr && card->deleteButton()->hasFocus();
+    if (card != nullptr && card->deleteButton()->hasFocus() && m_ids.size() > 1) {
+        // Whoever deletes with the keyboard goes on with the next entry; before this one goes, or Qt would
+        // pass the focus on to a stranger first.
+        const auto at = static_cast<std::size_t>(place);
+        if (const HistoryCard* neighbour = m_list->card(m_ids[at + 1 < m_ids.size() ? at + 1 : at - 1]))
+            neighbour->deleteButton()->setFocus(Qt::TabFocusReason);
+    }
     m_model.store().deleteHistory(id);
     load();
-    if (!hadFocus || m_ids.empty())
-        return;
-    // Whoever deletes with the keyboard goes on with the next entry.
-    const auto next = std::min(static_cast<std::size_t>(place), m_ids.size() - 1);
-    if (const HistoryCard* neighbour = m_list->card(m_ids[next]))
-        neighbour->deleteButton()->setFocus(Qt::TabFocusReason);
 }
 
 void HistoryView::confirmClearing()

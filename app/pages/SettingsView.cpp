@@ -47,7 +47,9 @@ QWidget* SettingsView::makeWorkingWeekCard()
                                       .radius = Metric::smallRadius};
 
     auto* card = new Card(QStringLiteral("Working week"), "calendar.badge.checkmark", this);
+    auto* label = new Label(QStringLiteral("Weekend"), card); // first, as it is read
     m_picker = new Picker(QStringLiteral("Weekend"), card);
+    label->setBuddy(m_picker);
     m_picker->setFixedWidth(pickerWidth);
     for (const WeekendRule::Preset& preset : WeekendRule::presets())
         m_picker->addEntry(toQt(preset.name), {}, toQt(preset.id));
@@ -55,8 +57,6 @@ QWidget* SettingsView::makeWorkingWeekCard()
             [this] { m_model.setWeekendPresetID(toUtf8(m_picker->currentData().toString())); });
     auto* row = new QHBoxLayout;
     row->setSpacing(labelGap);
-    auto* label = new Label(QStringLiteral("Weekend"), card);
-    label->setBuddy(m_picker);
     row->addWidget(label);
     row->addWidget(m_picker);
     row->addStretch(1);

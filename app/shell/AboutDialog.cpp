@@ -7,13 +7,30 @@
 #include "app/model/AppInfo.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPainter>
 
 namespace zelta {
 namespace {
 
 constexpr int iconSize = 64;
+
+/// A decoration, like the pages' badges: not a label, whose picture a screen reader would announce without a
+/// name.
+class AppIcon final : public QWidget
+{
+public:
+    explicit AppIcon(QWidget* parent)
+        : QWidget(parent)
+    {
+        setFixedSize(iconSize, iconSize);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter(this).drawPixmap(0, 0, Symbols::appIcon().pixmap(size(), devicePixelRatioF()));
+    }
+};
 
 } // namespace
 
@@ -26,9 +43,7 @@ AboutDialog::AboutDialog(QWidget* parent)
                                Metric::cardPadding);
     layout->setSpacing(Metric::cardPadding);
 
-    auto* icon = new QLabel(this);
-    icon->setPixmap(Symbols::appIcon().pixmap(iconSize));
-    layout->addWidget(icon, 0, Qt::AlignTop);
+    layout->addWidget(new AppIcon(this), 0, Qt::AlignTop);
 
     auto* texts = new QVBoxLayout;
     texts->setSpacing(4);
