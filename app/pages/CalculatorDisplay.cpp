@@ -5,6 +5,7 @@
 #include "app/look/Surface.h"
 #include "app/look/Theme.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -28,6 +29,37 @@ QFont fittingFont(const QString& number, int width)
     return font;
 }
 
+/// What Space does by key, assistive technology does by pressing.
+class PressableDisplay final : public QAccessibleWidget
+{
+public:
+    explicit PressableDisplay(CalculatorDisplay* display)
+        : QAccessibleWidget(display, QAccessible::StaticText)
+        , m_display(*display)
+    { }
+
+    [[nodiscard]] QStringList actionNames() const override
+    {
+        return QStringList {pressAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction())
+            Q_EMIT m_display.copyRequested();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    CalculatorDisplay& m_display;
+};
+
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
+{
+    auto* display = qobject_cast<CalculatorDisplay*>(object);
+    return display != nullptr ? new PressableDisplay(display) : nullptr;
+}
+
 } // namespace
 
 CalculatorDisplay::CalculatorDisplay(QWidget* parent)
@@ -35,6 +67,7 @@ CalculatorDisplay::CalculatorDisplay(QWidget* parent)
     , m_expressionLabel(new Label({}, Theme::FontRole::body, Theme::Token::textSecondary, this))
     , m_numberLabel(new Announcement({}, Theme::FontRole::calculatorNumber, Theme::Token::text, this))
 {
+    QAccessible::installFactory(makeInterface); // once; more often does nothing
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     for (Label* label : {m_expressionLabel, static_cast<Label*>(m_numberLabel)})

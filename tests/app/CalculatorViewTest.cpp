@@ -170,6 +170,16 @@ TEST(CalculatorView, CopiesTheDisplayAsShown)
     EXPECT_EQ(stage.display(), "Cannot divide by zero");
 }
 
+TEST(CalculatorView, AssistiveTechnologyCopiesByPressingTheDisplay)
+{
+    Stage stage;
+    stage.type("42");
+    QGuiApplication::clipboard()->clear();
+    test::accessible(*stage.screen()).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(stage.clipboard(), "42");
+    EXPECT_EQ(stage.flash(), "Copied");
+}
+
 TEST(CalculatorView, LeavesOtherControlKeysAlone)
 {
     Stage stage;
