@@ -1,5 +1,6 @@
 #include "app/pages/SelectableTextEditor.h"
 
+#include "app/components/Clipboard.h"
 #include "app/look/Theme.h"
 #include "app/pages/ParagraphLayout.h"
 
@@ -8,10 +9,34 @@
 #include <QScopedValueRollback>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QTextDocumentFragment>
+#include <QTextLayout>
 #include <algorithm>
 
 namespace zelta {
+
+namespace {
+
+/// The words of a styled text, to the character: Qt's own plain text has blanks for no-break spaces, and a
+/// character for each picture.
+QString plainText(const QString& html)
+{
+    QTextDocument document;
+    document.setHtml(html);
+    QString text = document.toRawText();
+    text.remove(QChar::ObjectReplacementCharacter);
+    for (const char16_t separator :
+         {u'\u2028', u'\u2029', u'\ufdd0', u'\ufdd1'}) // lines, and cells of tables
+        text.replace(QChar(separator), u'\n');
+    return text;
+}
+
+bool isInsideCharacter(const QTextCursor& cursor)
+{
+    const QTextBlock block = cursor.block();
+    return !block.layout()->isValidCursorPosition(cursor.position() - block.position());
+}
+
+} // namespace
 
 SelectableTextEditor::SelectableTextEditor(QWidget* parent)
     : QTextEdit(parent)
@@ -64,6 +89,8 @@ void SelectableTextEditor::setText(const QString& text)
     setPlainText(pieces);
     QTextCursor cursor = textCursor();
     cursor.setPosition(std::min(caret, document()->characterCount() - 1));
+    if (isInsideCharacter(cursor))
+        cursor.movePosition(QTextCursor::PreviousCharacter);
     setTextCursor(cursor);
 }
 
@@ -79,7 +106,7 @@ QRect SelectableTextEditor::linesRect() const
 
 bool SelectableTextEditor::canInsertFromMimeData(const QMimeData* source) const
 {
-    return source->hasText() || source->hasHtml();
+    return offersText(source) || source->hasHtml();
 }
 
 QMimeData* SelectableTextEditor::createMimeDataFromSelection() const
@@ -93,8 +120,7 @@ QMimeData* SelectableTextEditor::createMimeDataFromSelection() const
 /// Whatever is pasted or dropped arrives as plain text, in one undo step.
 void SelectableTextEditor::insertFromMimeData(const QMimeData* source)
 {
-    const QString text
-        = source->hasText() ? source->text() : QTextDocumentFragment::fromHtml(source->html()).toPlainText();
+    const QString text = offersText(source) ? source->text() : plainText(source->html());
     QTextCursor cursor = textCursor();
     cursor.insertText(m_text.prepare(text, cursor.block().length()));
     setTextCursor(cursor);
@@ -149,6 +175,22 @@ void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
         && (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::ControlModifier)) == 0;
     if (isStep && hasStayed)
         stepToOtherLine(*event);
+    else if (isStep)
+        stepOutOfCharacter(*event);
+}
+
+/// From right to left, Qt's visual movement stops at each code unit: between the halves of an emoji, or a
+/// letter and its vowel mark.
+void SelectableTextEditor::stepOutOfCharacter(const QKeyEvent& event)
+{
+    QTextCursor cursor = textCursor();
+    if (!isInsideCharacter(cursor))
+        return;
+    const auto on = event.key() == Qt::Key_Right ? QTextCursor::Right : QTextCursor::Left;
+    const auto mode
+        = (event.modifiers() & Qt::ShiftModifier) != 0 ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
+    while (isInsideCharacter(cursor) && cursor.movePosition(on, mode)) { }
+    setTextCursor(cursor);
 }
 
 /// An arrow at the end of a line goes on in the next one; Qt's visual movement would stop there. Where the

@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QTextEdit>
 
 namespace zelta {
@@ -110,7 +109,7 @@ EditMenu::EditMenu(QWidget* parent)
     add(QStringLiteral("Select &All"), QKeySequence::SelectAll, &Target::selectable, &Target::selectAll);
 
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { follow(now); });
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &EditMenu::readClipboard);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &EditMenu::hearClipboard);
     connect(this, &QMenu::aboutToShow, this, &EditMenu::readClipboard);
     refresh();
 }
@@ -120,9 +119,9 @@ QAction* EditMenu::add(const QString& text, const QKeySequence& shortcut, bool T
 {
     QAction* action = addAction(text);
     action->setShortcut(shortcut);
-    connect(action, &QAction::triggered, this, [this, run] {
-        const Target target = Target::of(m_focus);
-        if (target.*run)
+    connect(action, &QAction::triggered, this, [this, able, run] {
+        const Target target = Target::of(m_focus); // a label does not tell that its selection has gone
+        if (target.*able)
             (target.*run)();
     });
     m_entries.push_back({action, able});
@@ -164,17 +163,29 @@ bool EditMenu::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
+/// The owner is asked when somebody looks: one that does not answer would hold up the window for seconds.
+void EditMenu::hearClipboard()
+{
+    m_clipboardFits = true;
+    if (isVisible())
+        readClipboard();
+    else
+        refresh();
+}
+
 void EditMenu::readClipboard()
 {
-    const QMimeData* offered = m_focus ? QGuiApplication::clipboard()->mimeData() : nullptr;
-    m_clipboardHasText = !m_focus || (offered != nullptr && offered->hasText());
+    if (const auto* text = qobject_cast<QTextEdit*>(m_focus))
+        m_clipboardFits = text->canPaste();
+    else if (qobject_cast<QLineEdit*>(m_focus))
+        m_clipboardFits = offersText(QGuiApplication::clipboard()->mimeData());
     refresh();
 }
 
 void EditMenu::refresh()
 {
     Target target = Target::of(m_focus);
-    target.pastable = target.pastable && m_clipboardHasText;
+    target.pastable = target.pastable && m_clipboardFits;
     for (const Entry& entry : std::as_const(m_entries))
         entry.action->setEnabled(target.*entry.able);
 }

@@ -26,6 +26,7 @@ private:
     QAction* add(const QString& text, const QKeySequence& shortcut, bool Target::*able,
                  std::function<void()> Target::*run);
     void follow(QWidget* focus);
+    void hearClipboard();
     void readClipboard();
     void refresh();
 
@@ -37,7 +38,7 @@ private:
 
     QPointer<QWidget> m_focus;
     QList<Entry> m_entries;
-    bool m_clipboardHasText = true; ///< Or may have: it has not been asked.
+    bool m_clipboardFits = true; ///< Or may: its owner has not been asked.
 };
 
 } // namespace zelta

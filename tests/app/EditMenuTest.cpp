@@ -91,6 +91,7 @@ struct EditMenuTest : testing::Test
         EXPECT_EQ(clipboard(), "12");
         EXPECT_EQ(text(), "12");
         QGuiApplication::clipboard()->clear();
+        Q_EMIT menu.aboutToShow();
         entry("Delete")->trigger();
         EXPECT_EQ(text(), "");
         EXPECT_EQ(clipboard(), "") << "deleted, not cut";
@@ -178,15 +179,44 @@ TEST_F(EditMenuTest, OffersPasteAsSoonAsThereIsText)
     QGuiApplication::clipboard()->setText(QStringLiteral("from elsewhere"));
     EXPECT_EQ(able(), "Paste");
     QGuiApplication::clipboard()->setMimeData(new QMimeData);
+    Q_EMIT menu.aboutToShow();
     EXPECT_EQ(able(), "");
 }
 
-TEST_F(EditMenuTest, TypingDoesNotAskTheClipboardsOwner)
+TEST_F(EditMenuTest, OffersPasteOfWhatTheFocusedTextTakes)
+{
+    auto* styled = new QMimeData;
+    styled->setHtml(QStringLiteral("<b>12</b>"));
+    QGuiApplication::clipboard()->setMimeData(styled);
+    paragraph.setFocus();
+    Q_EMIT menu.aboutToShow();
+    EXPECT_TRUE(entry("Paste")->isEnabled());
+    field.setFocus();
+    Q_EMIT menu.aboutToShow();
+    EXPECT_FALSE(entry("Paste")->isEnabled()) << "a field has no use for it";
+}
+
+TEST_F(EditMenuTest, CopiesNothingOverWhatWasCopied)
+{
+    label.setFocusPolicy(Qt::StrongFocus);
+    label.setFocus();
+    label.setSelection(0, 5);
+    Q_EMIT menu.aboutToShow();
+    entry("Copy")->trigger();
+    ASSERT_EQ(clipboard(), "March");
+    label.setText(QStringLiteral("April 2026"));
+    label.grab();
+    ASSERT_FALSE(label.hasSelectedText());
+    entry("Copy")->trigger();
+    EXPECT_EQ(clipboard(), "March");
+}
+
+TEST_F(EditMenuTest, AsksTheClipboardsOwnerWhenItIsOpened)
 {
     int questions = 0;
-    QGuiApplication::clipboard()->setMimeData(new CountingData(questions));
-    const int before = questions;
     field.setFocus();
+    const int before = questions;
+    QGuiApplication::clipboard()->setMimeData(new CountingData(questions));
     QTest::keyClicks(&field, QStringLiteral("12"));
     field.selectAll();
     paragraph.setFocus();

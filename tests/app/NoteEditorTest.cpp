@@ -13,6 +13,8 @@
 #include <QMimeData>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextLayout>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -163,6 +165,72 @@ TEST(ParagraphEditor, TheCaretMovesRightThroughMixedText)
     EXPECT_EQ(stage.caret(), 0);
 }
 
+/// Where an arrow takes the caret on its way through the text from where another key has put it.
+std::set<int> stops(Stage& stage, Qt::Key start, Qt::Key step, Qt::KeyboardModifiers modifiers = {})
+{
+    stage.key(start);
+    std::set<int> found {stage.caret()};
+    for (int i = 0; i < stage.editor.document()->characterCount(); ++i) {
+        stage.key(step, modifiers);
+        found.insert(stage.caret());
+    }
+    return found;
+}
+
+/// Between the characters as a person counts them.
+std::set<int> characterBoundaries(const Stage& stage)
+{
+    const QTextBlock block = stage.editor.document()->firstBlock();
+    std::set<int> found;
+    for (int position = 0; position < block.length(); ++position) {
+        if (block.layout()->isValidCursorPosition(position))
+            found.insert(position);
+    }
+    return found;
+}
+
+TEST(ParagraphEditor, TheCaretStopsBetweenCharactersAndNowhereElse)
+{
+    // An emoji of two code units, flags of four, vowel marks.
+    for (const char* text : {"שלום 😀 עולם", "מַיִם", "مَرْحَبًا", "a 🇩🇪🇫🇷 e\u0301 z"}) {
+        Stage stage(text);
+        const std::set<int> boundaries = characterBoundaries(stage);
+        ASSERT_LT(boundaries.size(), static_cast<std::size_t>(stage.editor.document()->characterCount()))
+            << text;
+        const bool isRightToLeft = stage.editor.direction() == TextDirection::rightToLeft;
+        const Qt::Key forward = isRightToLeft ? Qt::Key_Left : Qt::Key_Right;
+        const Qt::Key back = isRightToLeft ? Qt::Key_Right : Qt::Key_Left;
+        for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
+            EXPECT_EQ(stops(stage, Qt::Key_Home, forward, modifier), boundaries) << text;
+            EXPECT_EQ(stops(stage, Qt::Key_End, back, modifier), boundaries) << text;
+        }
+    }
+}
+
+TEST(ParagraphEditor, TheCaretStopsBetweenCharactersWhereDirectionsMeet)
+{
+    for (const char* text : {"abc שלום😀עולם def", "שלום 🇩🇪 e\u0301", "a שָׁלוֹם b"}) {
+        Stage stage(text);
+        const std::set<int> boundaries = characterBoundaries(stage);
+        for (const Qt::Key start : {Qt::Key_Home, Qt::Key_End}) {
+            for (const Qt::Key step : {Qt::Key_Left, Qt::Key_Right}) {
+                for (const int stop : stops(stage, start, step))
+                    EXPECT_TRUE(boundaries.contains(stop)) << text << " at " << stop;
+            }
+        }
+    }
+}
+
+TEST(ParagraphEditor, DeletesWholeCharactersFromRightToLeft)
+{
+    Stage stage("שלום 😀 עולם");
+    stage.key(Qt::Key_Home);
+    for (int i = 0; i < 6; ++i)
+        stage.key(Qt::Key_Left);
+    stage.key(Qt::Key_Backspace);
+    EXPECT_EQ(stage.editor.text(), QStringLiteral("שלום  עולם"));
+}
+
 TEST(ParagraphEditor, TheCaretGoesOnInTheNextLine)
 {
     Stage english("ab\ncd");
@@ -274,6 +342,10 @@ TEST(ParagraphEditor, KeepsTheCaretInsideAShorterText)
     EXPECT_EQ(stage.caret(), 5);
     stage.row.setValue("");
     EXPECT_EQ(stage.caret(), 0);
+    stage.row.setValue("abc");
+    stage.setCaret(3);
+    stage.row.setValue("ab😀");
+    EXPECT_EQ(stage.caret(), 2) << "not in the middle of a character";
 }
 
 TEST(ParagraphEditor, StyledTextArrivesPlain)
@@ -296,6 +368,27 @@ TEST(ParagraphEditor, StyledTextArrivesPlain)
         stage.undo();
         EXPECT_EQ(stage.editor.text(), QString());
     }
+}
+
+TEST(ParagraphEditor, StyledTextKeepsItsCharacters)
+{
+    Stage stage;
+    auto* styled = new QMimeData;
+    styled->setHtml(QStringLiteral("a&nbsp;b<br>c<img src='x.png'>d<p>e</p>"));
+    QGuiApplication::clipboard()->setMimeData(styled);
+    stage.editor.paste();
+    EXPECT_EQ(stage.editor.text(), QStringLiteral("a\u00A0b\ncd\ne"));
+}
+
+TEST(ParagraphEditor, TakesTextThatIsOfferedInOneEncodingOnly)
+{
+    Stage stage;
+    auto* data = new QMimeData;
+    data->setData(QStringLiteral("text/plain;charset=utf-8"), "1é2");
+    QGuiApplication::clipboard()->setMimeData(data);
+    EXPECT_TRUE(stage.editor.canPaste());
+    stage.editor.paste();
+    EXPECT_EQ(stage.editor.text(), QStringLiteral("1é2"));
 }
 
 TEST(ParagraphEditor, TabLeavesIt)
