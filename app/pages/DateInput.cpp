@@ -14,7 +14,9 @@
 #include "app/pages/DatePicker.h"
 #include "core/CalendarKit.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QInputMethod>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
@@ -141,6 +143,7 @@ void DateInput::keep(Instant date)
 
 void DateInput::setDate(Instant date)
 {
+    QGuiApplication::inputMethod()->commit(); // or it would come later, into the date that is put here
     keep(date);
     const QScopedValueRollback<bool> writing(m_isWriting, true);
     const DateFields fields = DateFields::of(date, m_calendar);

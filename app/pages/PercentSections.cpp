@@ -12,6 +12,8 @@
 #include "core/Num.h"
 #include "core/PercentMath.h"
 
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QVBoxLayout>
 
 namespace zelta {
@@ -87,6 +89,7 @@ QWidget* CompareSection::makeInput()
 
 void CompareSection::swap()
 {
+    QGuiApplication::inputMethod()->commit(); // what is being composed belongs to its field
     const QString x = m_x->text();
     m_x->setText(m_y->text());
     m_y->setText(x);

@@ -8,6 +8,7 @@
 #include "app/pages/DatePicker.h"
 #include "core/CalendarKit.h"
 #include "tests/app/support/Accessible.h"
+#include "tests/app/support/StandInInputMethod.h"
 #include "tests/app/support/TestModel.h"
 #include "tests/support/Environment.h"
 
@@ -199,6 +200,21 @@ TEST(DurationPage, TodayWritesTheDateOutInFull)
     stage.press("Today");
     EXPECT_EQ(stage.fields("Start date"), "07|03|2026|");
     EXPECT_EQ(stage.count("Not a real date"), 0);
+}
+
+TEST(DurationPage, TodayTakesThePlaceOfWhatIsBeingComposed)
+{
+    const Stage stage;
+    QLineEdit* day = stage.field("Start date, day");
+    day->setFocus();
+    day->clear();
+    StandInInputMethod::compose(*day, QStringLiteral("3"));
+    for (auto* button : stage.page.findChild<DateInput*>()->findChildren<QPushButton*>()) {
+        if (button->text() == QStringLiteral("Today"))
+            button->click();
+    }
+    EXPECT_EQ(StandInInputMethod::composed(), QString()) << "or it would be put into today's day later";
+    EXPECT_EQ(day->text(), QStringLiteral("07"));
 }
 
 TEST(DurationPage, PickingTheDateInForceWritesItOutInFull)

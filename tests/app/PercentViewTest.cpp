@@ -5,6 +5,7 @@
 #include "app/components/ResultLine.h"
 #include "app/components/ResultList.h"
 #include "app/model/Text.h"
+#include "tests/app/support/StandInInputMethod.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
@@ -174,6 +175,18 @@ TEST(PercentView, SwapsTheTwoTexts)
     stage.button("Swap")->click();
     EXPECT_EQ(stage.results()->title(), "20 compared with 10");
     EXPECT_EQ(stage.results()->rows()[0].value, "200%");
+}
+
+TEST(PercentView, SwapsWhatIsStillBeingComposedAsWell)
+{
+    const Stage stage;
+    stage.type("Value Y", "7");
+    stage.type("Value X", "5");
+    stage.field("Value X")->setFocus();
+    test::StandInInputMethod::compose(*stage.field("Value X"), QStringLiteral("1"));
+    stage.button("Swap")->click();
+    EXPECT_EQ(stage.field("Value X")->text(), QStringLiteral("7"));
+    EXPECT_EQ(stage.field("Value Y")->text(), QStringLiteral("51"));
 }
 
 TEST(PercentView, AppliesAPercentage)
