@@ -21,7 +21,8 @@ struct DateFields
     struct Entry
     {
         State state = State::unfinished;
-        Instant date {}; ///< Start of the day; only when `state` is `real`.
+        Instant
+            date {}; ///< Start of the day, or noon where midnight was skipped; only when `state` is `real`.
 
         friend bool operator==(const Entry&, const Entry&) = default;
     };

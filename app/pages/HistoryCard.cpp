@@ -34,8 +34,10 @@ constexpr int aboveDetail = 11;
 int oneLineWidth(const Label& label)
 {
     const QString text = label.text();
-    if (text.contains(QLatin1Char('\n')))
-        return QWIDGETSIZE_MAX;
+    for (const QChar end : {QChar(u'\n'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)}) {
+        if (text.contains(end))
+            return QWIDGETSIZE_MAX;
+    }
     return qCeil(QFontMetricsF(label.font()).horizontalAdvance(text)); // whole pixels that hold it
 }
 

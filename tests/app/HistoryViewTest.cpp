@@ -328,6 +328,15 @@ TEST_F(HistoryViewTest, WrapsLongTextsInsteadOfCuttingThem)
         EXPECT_LE(label->heightForWidth(label->width()), label->height());
 }
 
+TEST_F(HistoryViewTest, KeepsRoomForTheLinesOfATitle)
+{
+    for (const char* separator : {"\n", "\u2028", "\u2029"}) {
+        const HistoryEntry entry {1, {}, "percent", std::string("7") + separator + "8", "s", {}};
+        const HistoryCard card(entry, {}, nullptr);
+        EXPECT_GT(card.heightForWidth(500), HistoryCard::usualHeight());
+    }
+}
+
 TEST_F(HistoryViewTest, KeepsRoomForEachLineAtEachWidth)
 {
     const HistoryEntry entry {1, {}, "percent", "Word adgjmp vybehk qtwzcf end", "Word adgjmp vybehk", {}};
