@@ -60,6 +60,13 @@ protected:
             QAbstractItemView::currentChanged(current, previous);
     }
 
+    // A note stays chosen while it is open: a click beside the rows, or Ctrl+Space, takes nothing away.
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                                       const QEvent* /*event*/) const override
+    {
+        return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+    }
+
     // A heading cannot be chosen; there is a note below each.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override
     {

@@ -45,7 +45,6 @@ SelectableTextEditor::SelectableTextEditor(QWidget* parent)
     m_layout = new ParagraphLayout(document);
     document->setDocumentLayout(m_layout);
     document->setDocumentMargin(0);
-    document->setDefaultCursorMoveStyle(Qt::VisualMoveStyle);
     setDocument(document);
     setFont(Theme::font(Theme::FontRole::body));
     document->setDefaultFont(font());
@@ -156,6 +155,10 @@ void SelectableTextEditor::focusOutEvent(QFocusEvent* event)
 
 void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
 {
+    // Qt's visual movement counts what an input method is composing as text of the document, and goes beyond
+    // its end.
+    const bool isComposing = !textCursor().block().layout()->preeditAreaText().isEmpty();
+    document()->setDefaultCursorMoveStyle(isComposing ? Qt::LogicalMoveStyle : Qt::VisualMoveStyle);
     if (movePage(*event))
         return;
     stepOverPieceBreak(*event);
@@ -171,7 +174,7 @@ void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
     const int anchor = textCursor().anchor();
     QTextEdit::keyPressEvent(event);
     const bool hasStayed = textCursor().position() == before && textCursor().anchor() == anchor;
-    const bool isStep = (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)
+    const bool isStep = !isComposing && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)
         && (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::ControlModifier)) == 0;
     if (isStep && hasStayed)
         stepToOtherLine(*event);

@@ -9,6 +9,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTest>
@@ -217,6 +218,22 @@ TEST(ParagraphEditor, TheCaretStopsBetweenCharactersWhereDirectionsMeet)
                 for (const int stop : stops(stage, start, step))
                     EXPECT_TRUE(boundaries.contains(stop)) << text << " at " << stop;
             }
+        }
+    }
+}
+
+TEST(ParagraphEditor, ArrowsThatAnInputMethodPassesOnStayInTheText)
+{
+    for (const char* text : {"ש", "", "a", "שלום", "a שלום"}) {
+        for (const Qt::Key step : {Qt::Key_Left, Qt::Key_Right}) {
+            Stage stage(text);
+            stage.key(Qt::Key_End);
+            test::StandInInputMethod::compose(stage.editor, QStringLiteral("ni"));
+            for (int i = 0; i < 12; ++i) {
+                stage.key(step, i % 2 == 0 ? Qt::NoModifier : Qt::ShiftModifier);
+                ASSERT_LT(stage.caret(), stage.editor.document()->characterCount()) << text;
+            }
+            QGuiApplication::inputMethod()->commit();
         }
     }
 }

@@ -65,6 +65,27 @@ TEST_F(NotesFocus, AClickOpensTheRowBelowThePointerThoughSavingMovesTheRows)
     EXPECT_EQ(list->selectionModel()->selectedIndexes(), QModelIndexList {list->currentIndex()});
 }
 
+TEST_F(NotesFocus, TheOpenNoteStaysSelected)
+{
+    add({"one"});
+    add({"two"}, 1h);
+    open();
+    QListView* list = page->list()->list();
+    const QModelIndex chosen = list->currentIndex();
+    ASSERT_TRUE(chosen.isValid());
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(list->viewport(), button, {},
+                          list->viewport()->rect().bottomLeft() - QPoint(-9, 9));
+        EXPECT_TRUE(list->selectionModel()->isSelected(chosen)) << button;
+    }
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_TRUE(list->selectionModel()->isSelected(chosen));
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(list->selectionModel()->selectedIndexes(), QModelIndexList {list->currentIndex()});
+    EXPECT_NE(list->currentIndex(), chosen);
+}
+
 TEST_F(NotesFocus, AClickOnAHeadingMovesNothing)
 {
     for (int i = 0; i < 60; ++i)
