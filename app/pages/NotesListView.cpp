@@ -54,10 +54,12 @@ protected:
     // Qt tells assistive technology that the new row has the focus, wherever the focus is.
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override
     {
-        if (hasFocus())
+        if (hasFocus()) {
             QListView::currentChanged(current, previous);
-        else
-            QAbstractItemView::currentChanged(current, previous);
+            return;
+        }
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call): just that is left out
+        QAbstractItemView::currentChanged(current, previous);
     }
 
     // A note stays chosen while it is open: a click beside the rows, or Ctrl+Space, takes nothing away.
