@@ -21,8 +21,10 @@ public:
     explicit CalculatorDisplay(QWidget* parent = nullptr);
 
     void setTexts(const QString& expression, const QString& number);
-    /// Has the number spoken: the reader of who looks elsewhere does not follow the display.
+
+    /// Has the number spoken, for a screen reader whose focus is elsewhere.
     void announceNumber();
+
     [[nodiscard]] const QString& number() const { return m_number; }
 
     [[nodiscard]] QSize sizeHint() const override;

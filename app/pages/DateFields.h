@@ -21,8 +21,8 @@ struct DateFields
     struct Entry
     {
         State state = State::unfinished;
-        Instant
-            date {}; ///< Start of the day, or noon where midnight was skipped; only when `state` is `real`.
+        /// Start of the day, or noon where midnight was skipped; only when `state` is `real`.
+        Instant date {};
 
         friend bool operator==(const Entry&, const Entry&) = default;
     };

@@ -179,17 +179,20 @@ void HistoryView::copy(const HistoryEntry& entry)
 void HistoryView::remove(const HistoryEntry& entry)
 {
     const std::int64_t id = entry.id;
-    const auto place = std::find(m_ids.begin(), m_ids.end(), id) - m_ids.begin();
+    const auto at = static_cast<std::size_t>(std::ranges::find(m_ids, id) - m_ids.begin());
     const HistoryCard* card = m_list->card(id);
-    if (card != nullptr && card->deleteButton()->hasFocus() && m_ids.size() > 1) {
-        // Whoever deletes with the keyboard goes on with the next entry; before this one goes, or Qt would
-        // pass the focus on to a stranger first.
-        const auto at = static_cast<std::size_t>(place);
-        if (const HistoryCard* neighbour = m_list->card(m_ids[at + 1 < m_ids.size() ? at + 1 : at - 1]))
+    const bool hadFocus = m_ids.size() > 1 && card != nullptr && card->deleteButton()->hasFocus();
+    const std::int64_t next = hadFocus ? m_ids[at + 1 < m_ids.size() ? at + 1 : at - 1] : 0;
+    // Whoever deletes with the keyboard goes on with the next entry: before this one goes, or Qt would pass
+    // the focus on to a stranger first, and again, where that card comes into view only now.
+    const auto goOn = [this, hadFocus, next] {
+        if (const HistoryCard* neighbour = hadFocus ? m_list->card(next) : nullptr)
             neighbour->deleteButton()->setFocus(Qt::TabFocusReason);
-    }
+    };
+    goOn();
     m_model.store().deleteHistory(id);
     load();
+    goOn();
 }
 
 void HistoryView::confirmClearing()
