@@ -20,6 +20,7 @@
 #include "app/shell/Sidebar.h"
 #include "app/shell/SidebarRow.h"
 
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QPainter>
 #include <QSplitter>
@@ -84,6 +85,17 @@ MainWindow::MainWindow(AppModel& model)
     resize(defaultSize);
     connect(&model, &AppModel::selectionChanged, this, &MainWindow::showSelection);
     showSelection();
+}
+
+/// Where a digit takes Shift (French, Czech), its key turns to a page without, too: no menu entry is meant.
+void MainWindow::keyPressEvent(QKeyEvent* event)
+{
+    constexpr quint32 keyOfOne = 10; // by its place on the keyboard, as XKB counts
+    const quint32 place = event->nativeScanCode() - keyOfOne;
+    if (event->modifiers() == Qt::ControlModifier && place < allCases<Module>().size())
+        m_model.setSelection(allCases<Module>()[place]);
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::paintEvent(QPaintEvent* event)

@@ -22,6 +22,7 @@ public:
     explicit MainWindow(AppModel& model);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -94,6 +94,26 @@ TEST_F(ShellTest, ControlAndADigitShowAPageAndStoreIt)
     }
 }
 
+TEST_F(ShellTest, ADigitsKeyShowsAPageWhereTheDigitTakesShift)
+{
+    show();
+    const auto press = [](Qt::Key key, quint32 place, Qt::KeyboardModifiers modifiers) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, place, 0, 0);
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+    };
+    press(Qt::Key_Ampersand, 10 + 1, Qt::ControlModifier); // from a page without fields
+    EXPECT_EQ(test.model.selection(), Module::percent);
+    press(Qt::Key_Underscore, 10 + 7, Qt::ControlModifier); // from a field
+    EXPECT_EQ(test.model.selection(), Module::settings);
+    for (const auto& [place, modifiers] : {std::pair<quint32, Qt::KeyboardModifiers>(9, Qt::ControlModifier),
+                                           {10 + 8, Qt::ControlModifier},
+                                           {10, Qt::NoModifier},
+                                           {10, Qt::ControlModifier | Qt::AltModifier}}) {
+        press(Qt::Key_Ampersand, place, modifiers);
+        EXPECT_EQ(test.model.selection(), Module::settings) << place;
+    }
+}
+
 TEST_F(ShellTest, TheGoMenuListsThePagesWithTheirKeys)
 {
     const auto actions = menu(QStringLiteral("Go"))->actions();

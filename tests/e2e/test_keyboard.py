@@ -96,6 +96,14 @@ class Keyboard(scenario.Scenario):
                         self.assertNotIn(item.role, ["unknown", "invalid", "filler", "panel"])
                         self.assertRegex(item.name, re.compile(r"\w"))
 
+    def test_a_keyboard_whose_digits_take_shift(self):
+        app = self.start()
+        self.addCleanup(self.screen.run, ["setxkbmap", "us"])
+        self.screen.run(["setxkbmap", "fr"])
+        for key, page in [("eacute", "Percentage"), ("underscore", "Settings"), ("ampersand", "Calculator")]:
+            app.key(f"ctrl+{key}")
+            self.wait_for(lambda: page in app.root().name, f"{page} by Ctrl+{key}")
+
     def tab_to(self, app, name):
         """Presses Tab until something called `name` has the focus."""
         for _ in range(60):
