@@ -10,8 +10,8 @@ namespace zelta {
 
 /// Undo to Select All for whatever text has the focus, each enabled exactly while it can do something.
 ///
-/// What is in the clipboard is asked for when it changes and when the menu opens, not at each key: the
-/// program that owns it has to answer, and may be slow or hang.
+/// What is in the clipboard is asked for when the menu opens, not at each key or whenever it changes: the
+/// program that owns it has to answer, and may be slow or hang. Until then "Paste" is taken for possible.
 class EditMenu final : public QMenu
 {
 public:

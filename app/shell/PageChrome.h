@@ -39,7 +39,7 @@ private:
     Module m_module;
     AppModel& m_model;
     QWidget* m_column;
-    QPointer<QWidget> m_lastFocus; ///< In this page.
+    QPointer<QWidget> m_lastFocus; ///< In this page; Qt forgets it when the window turns to another.
     Label* m_subtitle = nullptr;
     Flash* m_message = nullptr;
 };

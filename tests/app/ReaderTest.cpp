@@ -4,17 +4,11 @@
 #include "app/model/Text.h"
 #include "app/pages/NotesView.h"
 #include "app/shell/AboutDialog.h"
-#include "app/shell/MainWindow.h"
-#include "app/shell/PageChrome.h"
 #include "tests/app/support/Accessible.h"
-#include "tests/app/support/TestModel.h"
-
-#include <gtest/gtest.h>
+#include "tests/app/support/WindowTest.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
-#include <QTest>
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -27,15 +21,11 @@ using test::accessible;
 using Names = std::vector<std::string>;
 
 /// What somebody meets who does not see the window.
-struct Reader : testing::Test
+struct Reader : test::WindowTest
 {
-    test::TestModel test;
-    MainWindow window {test.model};
-
     void SetUp() override
     {
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        WindowTest::SetUp();
         QObject::connect(qApp, &QApplication::focusChanged, &window, [this](QWidget*, QWidget* now) {
             if (now != nullptr)
                 m_visited.push_back(toUtf8(accessible(*now).text(QAccessible::Name)));

@@ -5,35 +5,22 @@
 #include "app/model/Text.h"
 #include "app/pages/NotesView.h"
 #include "app/shell/AboutDialog.h"
-#include "app/shell/MainWindow.h"
 #include "app/shell/PageChrome.h"
 #include "app/shell/SidebarRow.h"
-#include "tests/app/support/TestModel.h"
-
-#include <gtest/gtest.h>
+#include "tests/app/support/WindowTest.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QTest>
 #include <algorithm>
 
 namespace zelta {
 namespace {
 
 /// Where the focus goes when a page is shown, and what of the window is seen then.
-struct ShellFocus : testing::Test
+struct ShellFocus : test::WindowTest
 {
-    test::TestModel test;
-    MainWindow window {test.model};
-
-    void SetUp() override
-    {
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-
     [[nodiscard]] SidebarRow* row(Module module) const
     {
         const auto rows = window.findChildren<SidebarRow*>();
