@@ -3,9 +3,7 @@
 #include <QEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QTextOption>
 #include <QtMath>
-#include <algorithm>
 #include <cmath>
 
 namespace zelta {
@@ -54,12 +52,16 @@ void Label::setOpacity(double opacity)
     applyToken();
 }
 
+void Label::setSelectable()
+{
+    m_isSelectable = true;
+    setCursor(Qt::IBeamCursor);
+}
+
 void Label::setWrapped(int pixels)
 {
     m_lineHeight = pixels;
-    m_breaksWords = true;
-    m_layout.setText({});
-    m_heights.clear();
+    m_wrapMode = QTextOption::WrapAtWordBoundaryOrAnywhere;
     setWordWrap(true);
     QSizePolicy policy = sizePolicy();
     policy.setHeightForWidth(true);
@@ -71,41 +73,42 @@ QSize Label::sizeHint() const
 {
     if (isQts())
         return QLabel::sizeHint();
+    WrappedText& wrapped = measured();
     if (!wordWrap())
-        return withMargins(onOneLine());
+        return withMargins(wrapped.natural());
     // A short text takes one or two lines of what is a comfortable measure for a long one.
     const double measure = 80.0 * fontMetrics().averageCharWidth();
-    const int line = fontMetrics().lineSpacing();
-    QSizeF size = broken(measure);
-    if (size.height() < 4 * line && size.width() > measure / 2)
-        size = broken(measure / 2);
-    if (size.height() < 2 * line && size.width() > measure / 4)
-        size = broken(measure / 4);
-    return withMargins(size);
+    const double natural = wrapped.natural().width();
+    const double share = natural > 3 * measure ? 1 : natural > measure / 2 ? 0.5 : 0.25;
+    return withMargins(wrapped.size(share * measure));
 }
 
 QSize Label::minimumSizeHint() const
 {
     if (isQts())
         return QLabel::minimumSizeHint();
-    const QSizeF& line = onOneLine();
-    return withMargins({wordWrap() ? m_longestWord : line.width(), line.height()});
+    const WrappedText& wrapped = measured();
+    const QSizeF& line = wrapped.natural();
+    return withMargins({wordWrap() ? wrapped.longestWord() : line.width(), line.height()});
 }
 
 int Label::heightForWidth(int width) const
 {
     if (isQts() || !wordWrap())
         return QLabel::heightForWidth(width);
-    onOneLine(); // forgets the heights of another text
-    if (const auto known = m_heights.constFind(width); known != m_heights.cend())
-        return *known;
-    constexpr qsizetype enough = 16; // while a window is dragged wider, every width is a new one
-    if (m_heights.size() == enough)
-        m_heights.clear();
     const QMargins margins = contentsMargins();
-    const int height = withMargins(broken(width - margins.left() - margins.right())).height();
-    m_heights.insert(width, height);
-    return height;
+    return withMargins(measured().size(width - margins.left() - margins.right())).height();
+}
+
+/// Qt keeps a whole document for what can be selected: made when the pointer comes, it takes no time at the
+/// start.
+bool Label::event(QEvent* event)
+{
+    const bool comes = event->type() == QEvent::Enter || event->type() == QEvent::MouseButtonPress
+        || event->type() == QEvent::ContextMenu;
+    if (comes && m_isSelectable && !isQts())
+        setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return QLabel::event(event);
 }
 
 void Label::changeEvent(QEvent* event)
@@ -123,21 +126,19 @@ void Label::paintEvent(QPaintEvent* event)
     }
     const QRect room = contentsRect();
     const double width = wordWrap() ? room.width() : unlimited;
-    const QSizeF size = broken(width);
-    // What fits on its own lines may have been broken for a narrower place since.
-    if (onOneLine().width() <= width && m_brokenFor < m_natural.width())
-        breakLines(unlimited);
+    WrappedText& wrapped = measured();
+    const std::vector<WrappedText::Line>& lines = wrapped.lines(width);
+    const double height = wrapped.size(width).height();
     const Qt::Alignment place = QStyle::visualAlignment(layoutDirection(), alignment());
     const double scale = devicePixelRatioF();
     const double top
-        = inset(room.height() - size.height(), place & Qt::AlignBottom, place & Qt::AlignVCenter, scale);
+        = inset(room.height() - height, place & Qt::AlignBottom, place & Qt::AlignVCenter, scale);
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    for (int i = 0; i < m_layout.lineCount(); ++i) {
-        const QTextLine line = m_layout.lineAt(i);
-        const double left = inset(room.width() - line.naturalTextWidth(), place & Qt::AlignRight,
-                                  place & Qt::AlignHCenter, scale);
-        line.draw(&painter, QPointF(room.topLeft()) + QPointF(left, top));
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const double left
+            = inset(room.width() - lines[i].width, place & Qt::AlignRight, place & Qt::AlignHCenter, scale);
+        wrapped.draw(painter, QPointF(room.topLeft()) + QPointF(left, top + lines[i].top), i);
     }
 }
 
@@ -169,50 +170,12 @@ bool Label::isQts() const
     return textInteractionFlags() & (Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
-/// What the text takes where there is room enough.
-const QSizeF& Label::onOneLine() const
+WrappedText& Label::measured() const
 {
     QString lines = text();
     lines.replace(QLatin1Char('\n'), QChar::LineSeparator);
-    if (m_layout.text() != lines || m_layout.font() != font()) {
-        m_layout.setCacheEnabled(true);
-        m_layout.setText(lines);
-        m_layout.setFont(font());
-        breakLines(unlimited);
-        m_natural = m_size;
-        m_longestWord = m_layout.minimumWidth();
-        m_heights.clear();
-    }
-    return m_natural;
-}
-
-/// What the text takes in lines of at most that width.
-const QSizeF& Label::broken(double width) const
-{
-    if (onOneLine().width() <= width)
-        return m_natural;
-    if (width != m_brokenFor)
-        breakLines(width);
-    return m_size;
-}
-
-void Label::breakLines(double width) const
-{
-    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-    option.setWrapMode(!wordWrap()         ? QTextOption::ManualWrap
-                           : m_breaksWords ? QTextOption::WrapAtWordBoundaryOrAnywhere
-                                           : QTextOption::WordWrap);
-    m_layout.setTextOption(option);
-    m_brokenFor = width;
-    m_size = {0, 0};
-    m_layout.beginLayout();
-    for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
-        line.setLineWidth(width);
-        const double height = m_lineHeight > 0 ? m_lineHeight : line.height();
-        line.setPosition(QPointF(0, m_size.height() + (height - line.height()) / 2));
-        m_size = {std::max(m_size.width(), line.naturalTextWidth()), m_size.height() + height};
-    }
-    m_layout.endLayout();
+    m_wrapped.set(lines, font(), wordWrap() ? m_wrapMode : QTextOption::ManualWrap, m_lineHeight);
+    return m_wrapped;
 }
 
 QSize Label::withMargins(const QSizeF& text) const

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "app/look/Theme.h"
+#include "app/look/WrappedText.h"
 
-#include <QHash>
 #include <QLabel>
-#include <QTextLayout>
 
 namespace zelta {
 
@@ -26,6 +25,9 @@ public:
     /// Lets the ground show through the colour; 1 is solid.
     void setOpacity(double opacity);
 
+    /// Lets the text be selected with the mouse.
+    void setSelectable();
+
     /// Wraps at the label's width, lines `pixels` apart (0: the font's own spacing). A word that is wider
     /// than the label, such as a long number, is broken too.
     void setWrapped(int pixels = 0);
@@ -35,27 +37,22 @@ public:
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void applyToken();
     [[nodiscard]] bool isQts() const;
-    const QSizeF& onOneLine() const;
-    const QSizeF& broken(double width) const;
-    void breakLines(double width) const;
+    [[nodiscard]] WrappedText& measured() const;
     [[nodiscard]] QSize withMargins(const QSizeF& text) const;
 
     Theme::Token m_token = Theme::Token::text;
     float m_opacity = 1;
+    bool m_isSelectable = false;
     int m_lineHeight = 0;
-    bool m_breaksWords = false;
-    mutable QTextLayout m_layout; ///< The text as it was last measured or painted.
-    mutable QSizeF m_natural {0, 0}; ///< What the text takes where there is room enough.
-    mutable double m_longestWord = 0;
-    mutable double m_brokenFor = 0; ///< The width that `m_layout` is broken for.
-    mutable QSizeF m_size {0, 0}; ///< What it takes so.
-    mutable QHash<int, int> m_heights; ///< By width: layouts ask for the same few again and again.
+    QTextOption::WrapMode m_wrapMode = QTextOption::WordWrap;
+    mutable WrappedText m_wrapped; ///< The text as it was last measured or painted.
 };
 
 } // namespace zelta

@@ -81,6 +81,12 @@ QSize Picker::sizeHint() const
     return {QComboBox::sizeHint().width(), Metric::fieldHeight};
 }
 
+/// The longest entry shows in full. Qt would measure each of them once more to say the same.
+QSize Picker::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
 /// Qt's list, a little apart from the field, with room above and below its entries, cut to the shape of a
 /// menu.
 void Picker::showPopup()

@@ -20,6 +20,7 @@ public:
     void addEntry(const QString& name, const QString& second, const QString& value);
 
     [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
     void showPopup() override;
 
 protected:

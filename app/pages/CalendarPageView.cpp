@@ -92,7 +92,7 @@ QWidget* CalendarPageView::makeMonthCard()
     connect(next, &QPushButton::clicked, this, [this] { step(1); });
 
     m_title = new Announcement({}, Theme::FontRole::headline, Theme::Token::text, card);
-    m_title->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_title->setSelectable();
     m_summary = new Label({}, Theme::FontRole::body, Theme::Token::textSecondary, card);
 
     auto* buttons = new QHBoxLayout;

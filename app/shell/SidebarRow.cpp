@@ -17,7 +17,7 @@ constexpr int badgeSize = 30;
 constexpr int badgeGap = 10;
 constexpr int subtitleGap = 2;
 constexpr int subtitleLineHeight = 14;
-constexpr int maxSubtitleLines = 2;
+constexpr std::size_t maxSubtitleLines = 2;
 constexpr int textLeft = padding + badgeSize + badgeGap;
 constexpr int idealWidth = 266;
 
@@ -27,8 +27,6 @@ SidebarRow::SidebarRow(Module module, const QString& subtitle, QWidget* parent)
     : QRadioButton(toQt(title(module)), parent)
     , m_module(module)
 {
-    m_subtitle.setCacheEnabled(true);
-    m_subtitle.setFont(Theme::font(Theme::FontRole::note));
     setSubtitle(subtitle);
     setFont(Theme::font(Theme::FontRole::rowTitle));
     setAttribute(Qt::WA_Hover);
@@ -40,9 +38,7 @@ SidebarRow::SidebarRow(Module module, const QString& subtitle, QWidget* parent)
 
 void SidebarRow::setSubtitle(const QString& subtitle)
 {
-    m_subtitle.setText(subtitle);
-    breakSubtitle(QWIDGETSIZE_MAX);
-    m_subtitleWidth = m_subtitle.lineCount() > 0 ? m_subtitle.lineAt(0).horizontalAdvance() : 0;
+    m_subtitle.set(subtitle, Theme::font(Theme::FontRole::note), QTextOption::WordWrap, subtitleLineHeight);
     setAccessibleDescription(subtitle);
     updateGeometry();
     update();
@@ -63,7 +59,9 @@ QSize SidebarRow::minimumSizeHint() const
 int SidebarRow::heightForWidth(int width) const
 {
     const int titleHeight = QFontMetrics(font()).height();
-    const int textHeight = titleHeight + subtitleGap + subtitleLines(width) * subtitleLineHeight;
+    const std::size_t lines = m_subtitle.lines(width - textLeft - padding).size();
+    const int textHeight = titleHeight + subtitleGap
+        + static_cast<int>(std::min(lines, maxSubtitleLines)) * subtitleLineHeight;
     return 2 * padding + std::max(badgeSize, textHeight);
 }
 
@@ -95,42 +93,21 @@ void SidebarRow::paintEvent(QPaintEvent* /*event*/)
     paintSubtitle(painter, padding + titleMetrics.height() + subtitleGap);
 }
 
-/// How many lines the subtitle takes in a row of that width. Layouts ask again and again, so nothing is
-/// broken for it.
-int SidebarRow::subtitleLines(int width) const
-{
-    return m_subtitleWidth <= width - textLeft - padding ? 1 : maxSubtitleLines;
-}
-
-void SidebarRow::breakSubtitle(double width)
-{
-    m_brokenFor = width;
-    m_subtitle.beginLayout();
-    for (QTextLine line = m_subtitle.createLine(); line.isValid(); line = m_subtitle.createLine())
-        line.setLineWidth(width);
-    m_subtitle.endLayout();
-}
-
 void SidebarRow::paintSubtitle(QPainter& painter, int top)
 {
-    const double room = width() - textLeft - padding;
-    if (room != m_brokenFor && std::min(room, m_brokenFor) < m_subtitleWidth)
-        breakSubtitle(room);
-    const int lines = std::min(m_subtitle.lineCount(), maxSubtitleLines);
-    for (int i = 0; i < lines; ++i) {
-        const QTextLine line = m_subtitle.lineAt(i);
-        const int y = top + i * subtitleLineHeight + (subtitleLineHeight - qRound(line.height())) / 2;
-        if (i < lines - 1 || lines == m_subtitle.lineCount()) {
-            line.draw(&painter, QPointF(textLeft, y));
-            continue;
-        }
-        const QFont& font = m_subtitle.font();
-        painter.setFont(font);
-        const QString rest = m_subtitle.text().mid(line.textStart());
-        const QString shown
-            = QFontMetrics(font).elidedText(rest, Qt::ElideRight, width() - textLeft - padding);
-        painter.drawText(QPointF(textLeft, y + line.ascent()), shown);
-    }
+    const int room = width() - textLeft - padding;
+    const std::vector<WrappedText::Line>& lines = m_subtitle.lines(room);
+    const bool isCut = lines.size() > maxSubtitleLines;
+    for (std::size_t i = 0; i < std::min(lines.size(), maxSubtitleLines - (isCut ? 1 : 0)); ++i)
+        m_subtitle.draw(painter, QPointF(textLeft, top + lines[i].top), i);
+    if (!isCut)
+        return;
+    const WrappedText::Line& last = lines[maxSubtitleLines - 1];
+    TextLine line;
+    const QString rest = m_subtitle.text().mid(last.from);
+    const QFont font = m_subtitle.font();
+    line.set(QFontMetrics(font).elidedText(rest, Qt::ElideRight, room), font);
+    line.draw(painter, QRectF(textLeft, top + last.top, room, subtitleLineHeight));
 }
 
 } // namespace zelta

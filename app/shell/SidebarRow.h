@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/look/TextLine.h"
+#include "app/look/WrappedText.h"
 #include "app/model/Module.h"
 
 #include <QRadioButton>
-#include <QTextLayout>
 
 namespace zelta {
 
@@ -29,15 +29,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    [[nodiscard]] int subtitleLines(int width) const;
-    void breakSubtitle(double width);
     void paintSubtitle(QPainter& painter, int top);
 
     Module m_module;
     TextLine m_title;
-    QTextLayout m_subtitle; ///< Broken into lines of at most the width below.
-    double m_brokenFor = -1;
-    double m_subtitleWidth = 0; ///< On one line.
+    mutable WrappedText m_subtitle; ///< In the lines that were asked for last.
 };
 
 } // namespace zelta

@@ -325,6 +325,7 @@ TEST(CalendarPage, TheMonthsNameCanBeSelected)
     QString selected;
     for (QLabel* label : stage.page->findChildren<QLabel*>()) {
         if (label->text() == QStringLiteral("March 2026")) {
+            QTest::mouseClick(label, Qt::LeftButton, {}, {5, label->height() / 2});
             QTest::mouseDClick(label, Qt::LeftButton, {}, {5, label->height() / 2});
             selected = label->selectedText();
         }

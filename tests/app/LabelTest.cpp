@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QEnterEvent>
 #include <QImage>
 #include <QLabel>
+#include <QTest>
 #include <array>
 #include <memory>
 
@@ -95,6 +98,35 @@ TEST(Label, LetsTheGroundShineThroughEachInk)
         EXPECT_NEAR(label.palette().color(label.foregroundRole()).alphaF(), 0.3, 0.01);
         label.setOpacity(1);
     }
+}
+
+TEST(Label, LetsItsTextBeSelectedAndMovesNothingForIt)
+{
+    Label label(QStringLiteral("November 2026"), Theme::FontRole::headline, Theme::Token::text);
+    label.setSelectable();
+    label.resize(label.sizeHint());
+    label.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&label));
+    const QImage before = label.grab().toImage();
+    const QSize hint = label.sizeHint();
+    QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+    QApplication::sendEvent(&label, &enter);
+    EXPECT_EQ(label.cursor().shape(), Qt::IBeamCursor);
+    EXPECT_EQ(label.sizeHint(), hint);
+    EXPECT_EQ(label.grab().toImage(), before);
+    QTest::mouseDClick(&label, Qt::LeftButton, {}, QPoint(10, label.height() / 2));
+    EXPECT_EQ(label.selectedText(), QStringLiteral("November"));
+}
+
+TEST(Label, CanBeSelectedByAPressThatComesFirst)
+{
+    Label label(QStringLiteral("November 2026"));
+    label.setSelectable();
+    label.resize(label.sizeHint());
+    QTest::mousePress(&label, Qt::LeftButton, {}, QPoint(0, label.height() / 2));
+    QTest::mouseMove(&label, QPoint(label.width(), label.height() / 2));
+    QTest::mouseRelease(&label, Qt::LeftButton, {}, QPoint(label.width(), label.height() / 2));
+    EXPECT_EQ(label.selectedText(), label.text());
 }
 
 TEST(Label, BreaksAWordThatIsWiderThanItself)

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QFont>
+#include <QSizeF>
+#include <QString>
+#include <QTextLayout>
+#include <QTextOption>
+#include <vector>
+
+class QPainter;
+
+namespace zelta {
+
+/// A text in lines of any width, shaped once to be measured and drawn. Qt's layout shapes the whole text anew
+/// for each width, and a window's layouts ask for the height at many widths before they settle: here the
+/// words are measured on one line, and put into lines by adding. What that does not hold for is broken by Qt:
+/// right-to-left text, several fonts, tabs, line separators, and a word to be cut.
+class WrappedText
+{
+public:
+    struct Line
+    {
+        qsizetype from = 0; ///< The index of its first character.
+        qsizetype length = 0; ///< With the space at its end.
+        double width = 0; ///< In pixels, without that space.
+        double top = 0; ///< Below the top of the text.
+    };
+
+    /// A `lineHeight` of 0 is the font's own. Nothing is shaped again where nothing differs.
+    void set(const QString& text, const QFont& font, QTextOption::WrapMode mode, int lineHeight = 0);
+
+    [[nodiscard]] QString text() const { return m_layout.text(); }
+    [[nodiscard]] QFont font() const { return m_layout.font(); }
+
+    /// What the text takes where there is room enough, in fractions of a pixel.
+    [[nodiscard]] const QSizeF& natural() const { return m_natural; }
+
+    /// The narrowest width that cuts no word.
+    [[nodiscard]] double longestWord() const { return m_longestWord; }
+
+    /// What the text takes in lines of at most that width.
+    [[nodiscard]] QSizeF size(double width);
+
+    /// These lines. Valid until another width is asked for.
+    [[nodiscard]] const std::vector<Line>& lines(double width);
+
+    /// Draws one of them with the painter's pen, in the middle of its height.
+    void draw(QPainter& painter, const QPointF& topLeft, std::size_t index) const;
+
+private:
+    /// Up to the word's end and the next one's beginning, in pixels from the text's, where it is on one line.
+    struct Word
+    {
+        qsizetype next;
+        double endX;
+        double nextX;
+    };
+
+    void layOut(double width);
+    void findWords();
+    void breakFor(double width);
+    void fillLines(double width);
+
+    QTextLayout m_layout;
+    QTextOption::WrapMode m_mode = QTextOption::WordWrap;
+    double m_lineHeight = 0;
+    std::vector<Word> m_words; ///< None where Qt is to break the text.
+    double m_widestWord = 0;
+    QSizeF m_natural {0, 0};
+    double m_longestWord = 0;
+    double m_brokenFor = 0; ///< The width that these lines are for.
+    std::vector<Line> m_lines;
+    QSizeF m_size {0, 0};
+};
+
+} // namespace zelta
