@@ -173,7 +173,8 @@ bool Label::isQts() const
 WrappedText& Label::measured() const
 {
     QString lines = text();
-    lines.replace(QLatin1Char('\n'), QChar::LineSeparator);
+    for (const QChar end : {QChar(QChar::LineFeed), QChar(QChar::ParagraphSeparator)})
+        lines.replace(end, QChar::LineSeparator);
     m_wrapped.set(lines, font(), wordWrap() ? m_wrapMode : QTextOption::ManualWrap, m_lineHeight);
     return m_wrapped;
 }

@@ -15,6 +15,9 @@ constexpr double unlimited = QWIDGETSIZE_MAX;
 /// In pixels. Layouts that do not know a width yet ask for the height at a handful, or none: no word is cut
 /// for that.
 constexpr double narrowest = 64;
+/// Characters. Qt finds a word's place by walking there from the beginning, so that the words of a long text
+/// take longer than shaping it again.
+constexpr qsizetype longest = 1000;
 
 } // namespace
 
@@ -85,7 +88,8 @@ void WrappedText::findWords()
     m_words.clear();
     m_widestWord = 0;
     const QString text = m_layout.text();
-    if (m_mode == QTextOption::ManualWrap || m_lines.size() != 1 || text.contains(QLatin1Char('\t')))
+    if (m_mode == QTextOption::ManualWrap || m_lines.size() != 1 || text.size() > longest
+        || text.contains(QLatin1Char('\t')))
         return;
     const QList<QGlyphRun> runs = m_layout.glyphRuns();
     if (runs.size() != 1 || runs.constFirst().isRightToLeft())

@@ -10,7 +10,7 @@
 #include "app/model/Text.h"
 #include "app/pages/HistoryDetail.h"
 
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QtMath>
 #include <algorithm>
@@ -31,25 +31,9 @@ constexpr int belowSummary = 4;
 constexpr int controlGap = 2;
 constexpr int aboveDetail = 11;
 
-int oneLineWidth(const Label& label)
+Label* makeText(const QString& text, Theme::FontRole role, Theme::Token token, QWidget* parent)
 {
-    const QString text = label.text();
-    for (const QChar end : {QChar(u'\n'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)}) {
-        if (text.contains(end))
-            return QWIDGETSIZE_MAX;
-    }
-    return qCeil(QFontMetricsF(label.font()).horizontalAdvance(text)); // whole pixels that hold it
-}
-
-/// What a label takes at this width; one line is by far the usual case and is known without laying it out.
-int labelHeight(const Label& label, int oneLine, int width, int line)
-{
-    return std::max(line, oneLine <= width ? label.fontMetrics().height() : label.heightForWidth(width));
-}
-
-Label* makeText(const std::string& text, Theme::FontRole role, Theme::Token token, QWidget* parent)
-{
-    auto* label = new Label(toQt(text), role, token, parent);
+    auto* label = new Label(text, role, token, parent);
     label->setWrapped();
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return label;
@@ -60,14 +44,13 @@ Label* makeText(const std::string& text, Theme::FontRole role, Theme::Token toke
 HistoryCard::HistoryCard(const HistoryEntry& entry, const QString& time, QWidget* parent)
     : QWidget(parent)
     , m_entry(entry)
-    , m_title(makeText(entry.title, Theme::FontRole::bodyBold, Theme::Token::text, this))
-    , m_summary(makeText(entry.summary, Theme::FontRole::body, Theme::Token::text, this))
-    , m_time(new Label(time, Theme::FontRole::caption, Theme::Token::textSecondary, this))
+    , m_title(makeText(toQt(entry.title), Theme::FontRole::bodyBold, Theme::Token::text, this))
+    , m_summary(makeText(toQt(entry.summary), Theme::FontRole::body, Theme::Token::text, this))
+    , m_time(makeText(time, Theme::FontRole::caption, Theme::Token::textSecondary, this))
     , m_toggle(new Button(QStringLiteral("Show details"), "chevron-down", this))
     , m_copy(new IconButton("doc.on.doc", QStringLiteral("Copy the full result"), this))
     , m_delete(new IconButton("trash", QStringLiteral("Delete this entry"), this))
 {
-    m_oneLine = {oneLineWidth(*m_title), oneLineWidth(*m_summary), oneLineWidth(*m_time)};
     m_toggle->setLook(Button::Look::borderless);
     m_toggle->setSize(Button::Size::small);
     m_toggle->setInk(Theme::Token::accentInk);
@@ -84,7 +67,7 @@ HistoryCard::HistoryCard(const HistoryEntry& entry, const QString& time, QWidget
 int HistoryCard::usualHeight()
 {
     const auto line = [](Theme::FontRole role, int atLeast) {
-        return std::max(atLeast, QFontMetrics(Theme::font(role)).height());
+        return std::max(atLeast, qCeil(QFontMetricsF(Theme::font(role)).height()));
     };
     return 2 * above + line(Theme::FontRole::bodyBold, textLine) + belowTitle
         + line(Theme::FontRole::body, textLine) + belowSummary + line(Theme::FontRole::caption, timeLine);
@@ -97,10 +80,7 @@ const HistoryEntry& HistoryCard::entry() const
 
 void HistoryCard::setTime(const QString& time)
 {
-    if (m_time->text() == time)
-        return;
     m_time->setText(time);
-    m_oneLine[2] = oneLineWidth(*m_time);
 }
 
 void HistoryCard::setCopied(bool copied)
@@ -175,15 +155,15 @@ int HistoryCard::place(int width, Parts parts) const
     const int left = side + badge + badgeGap;
     const int textWidth = std::max(1, right + controlGap - badgeGap - left);
     int y = above;
-    const auto put = [&](Label* label, int oneLine, int line, int gap) {
-        const int height = labelHeight(*label, oneLine, textWidth, line);
+    const auto put = [&](Label* label, int line, int gap) {
+        const int height = std::max(line, label->heightForWidth(textWidth));
         if (move)
             label->setGeometry(left, y, textWidth, height);
         y += height + gap;
     };
-    put(m_title, m_oneLine[0], textLine, belowTitle);
-    put(m_summary, m_oneLine[1], textLine, belowSummary);
-    put(m_time, m_oneLine[2], timeLine, 0);
+    put(m_title, textLine, belowTitle);
+    put(m_summary, textLine, belowSummary);
+    put(m_time, timeLine, 0);
     if (m_detail != nullptr && !m_detail->isHidden()) {
         const int detailWidth = width - side - left;
         const int height = m_detail->heightForWidth(detailWidth);

@@ -3,7 +3,6 @@
 #include "core/HistoryEntry.h"
 
 #include <QWidget>
-#include <array>
 #include <vector>
 
 namespace zelta {
@@ -60,7 +59,6 @@ private:
     Label* m_title;
     Label* m_summary;
     Label* m_time;
-    std::array<int, 3> m_oneLine {}; ///< Widths of title, summary and time on one line each.
     Button* m_toggle;
     IconButton* m_copy;
     IconButton* m_delete;

@@ -15,7 +15,7 @@ namespace zelta {
 
 namespace {
 
-constexpr auto texts = std::to_array<const char16_t*>({
+constexpr auto shortTexts = std::to_array<const char16_t*>({
     u"",
     u"Saturday & Sunday, 12-hour clock",
     u"Percent works in context: 200 + 10 % is 220, but 10 % on its own is 0.1. Pressing = again repeats the "
@@ -31,6 +31,15 @@ constexpr auto texts = std::to_array<const char16_t*>({
     u"more",
     u"e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301 and fi ffi",
 });
+
+std::vector<QString> texts()
+{
+    std::vector<QString> all;
+    for (const char16_t* text : shortTexts)
+        all.push_back(QString::fromUtf16(text));
+    all.push_back(QStringLiteral("a long text is not for adding ").repeated(50));
+    return all;
+}
 
 constexpr int height = 20;
 
@@ -57,9 +66,9 @@ class Lines : public testing::TestWithParam<QTextOption::WrapMode>
 
 TEST_P(Lines, AreThoseOfTheToolkitAtEachWidth)
 {
-    for (const char16_t* text : texts) {
+    for (const QString& text : texts()) {
         WrappedText wrapped;
-        wrapped.set(QString::fromUtf16(text), Theme::font(Theme::FontRole::body), GetParam(), height);
+        wrapped.set(text, Theme::font(Theme::FontRole::body), GetParam(), height);
         for (int step = 0; step < 900; ++step) {
             const int width = 100 + step * 271 % 900; // up and down, each once
             const auto expected = reference(wrapped.text(), GetParam(), width);
@@ -82,10 +91,10 @@ TEST_P(Lines, AreThoseOfTheToolkitAtEachWidth)
 
 TEST_P(Lines, AreDrawnAsTheToolkitDrawsThem)
 {
-    for (const char16_t* text : texts) {
+    for (const QString& text : texts()) {
         for (const double scale : {1.0, 1.25, 2.0}) {
             WrappedText wrapped;
-            wrapped.set(QString::fromUtf16(text), Theme::font(Theme::FontRole::body), GetParam(), height);
+            wrapped.set(text, Theme::font(Theme::FontRole::body), GetParam(), height);
             for (const int width : {150, 321, 1200}) {
                 QImage ours(QSize(1200, 400), QImage::Format_RGB32);
                 ours.setDevicePixelRatio(scale);
