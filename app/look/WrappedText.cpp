@@ -19,6 +19,20 @@ constexpr double narrowest = 64;
 /// take longer than shaping it again.
 constexpr qsizetype longest = 1000;
 
+/// Whether the places of the words on one line say where they are in others: a tab's width depends on its
+/// place, a soft hyphen's on whether a line ends there.
+bool canBeAdded(const QString& text)
+{
+    return text.size() <= longest && !text.contains(QChar(QChar::Tabulation))
+        && !text.contains(QChar(QChar::SoftHyphen));
+}
+
+/// White space that a line may end in.
+bool isGap(QChar character)
+{
+    return character.isSpace() && character.decompositionTag() != QChar::NoBreak;
+}
+
 } // namespace
 
 void WrappedText::set(const QString& text, const QFont& font, QTextOption::WrapMode mode, int lineHeight)
@@ -88,8 +102,7 @@ void WrappedText::findWords()
     m_words.clear();
     m_widestWord = 0;
     const QString text = m_layout.text();
-    if (m_mode == QTextOption::ManualWrap || m_lines.size() != 1 || text.size() > longest
-        || text.contains(QLatin1Char('\t')))
+    if (m_mode == QTextOption::ManualWrap || m_lines.size() != 1 || !canBeAdded(text))
         return;
     const QList<QGlyphRun> runs = m_layout.glyphRuns();
     if (runs.size() != 1 || runs.constFirst().isRightToLeft())
@@ -98,11 +111,17 @@ void WrappedText::findWords()
     const QFontMetricsF metrics(m_layout.font());
     QTextBoundaryFinder finder(QTextBoundaryFinder::Line, text);
     double beginX = 0;
-    for (qsizetype next = finder.toNextBoundary(); next != -1; next = finder.toNextBoundary()) {
-        qsizetype end = next;
-        while (end > 0 && text.at(end - 1).isSpace())
-            --end;
-        const double beyond = end > 0 ? std::max(0.0, -metrics.rightBearing(text.at(end - 1))) : 0;
+    qsizetype end = 0;
+    for (qsizetype next = 1; next <= text.size(); ++next) {
+        if (!isGap(text[next - 1]))
+            end = next;
+        finder.setPosition(next);
+        const bool isLast = next == text.size();
+        const bool isBehindGap
+            = end < next && !isLast && !isGap(text[next]); // also where Unicode has no break
+        if (!finder.isAtBoundary() && !isBehindGap && !isLast)
+            continue;
+        const double beyond = end > 0 ? std::max(0.0, -metrics.rightBearing(text[end - 1])) : 0;
         const double endX = line.cursorToX(static_cast<int>(end)) + beyond;
         m_widestWord = std::max(m_widestWord, endX - beginX);
         beginX = line.cursorToX(static_cast<int>(next));

@@ -14,7 +14,8 @@ namespace zelta {
 /// A text in lines of any width, shaped once to be measured and drawn. Qt's layout shapes the whole text anew
 /// for each width, and a window's layouts ask for the height at many widths before they settle: here the
 /// words are measured on one line, and put into lines by adding. What that does not hold for is broken by Qt:
-/// right-to-left text, several fonts, tabs, line separators, a word to be cut, and more than a page of text.
+/// right-to-left text, several fonts, tabs, soft hyphens, line separators, a word to be cut, and more than a
+/// page of text.
 class WrappedText
 {
 public:

@@ -24,6 +24,13 @@ constexpr auto shortTexts = std::to_array<const char16_t*>({
     u"two  spaces   and more between the words, and one at the end ",
     u"1234567890123456789012345678901234567890123456789012345678901234567890 is a number, 0.000000000001 too",
     u"two\u2028lines of which the second is by far the longer one",
+    u"Donau\u00addampf\u00adschiff\u00adfahrts\u00adgesell\u00adschafts\u00adkapit\u00e4ns\u00adm\u00fctzen"
+    u"\u00adfabrik",
+    u"Saturday, 7 March 2026 \u2192 8 March 2026, 3 \u00d7 5 \u00f7 2 a / 5 a ! b ( x) and \u201d (a 0.1 123 "
+    u"456 7 8 9",
+    u"1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 23 24 25 26 27 28 29\u00a030\u00a0\u00a031 "
+    u"\u00a032",
+    u" begins with  a space",
     u"with a\ttab in the middle of it",
     u"\u0631\u0634\u064a\u0645\u0629 \u0627\u0644\u0623\u0633\u0639\u0627\u0631 "
     u"\u0627\u0644\u0633\u0646\u0648\u064a\u0629",
