@@ -51,7 +51,8 @@ HistoryDetail::HistoryDetail(const QString& text, QWidget* parent)
 
 int HistoryDetail::heightForWidth(int width) const
 {
-    document()->setTextWidth(width);
+    if (document()->textWidth() != width) // it would be laid out again
+        document()->setTextWidth(width);
     return qCeil(document()->size().height());
 }
 

@@ -44,6 +44,7 @@ void HistoryList::setEntries(std::vector<HistoryEntry> entries, TimeText timeTex
 
 int HistoryList::fill(const QRect& seen, int around)
 {
+    m_seenTop = seen.top();
     if (m_entries.empty())
         return 0;
     const std::size_t topmost = entryAt(seen.top());
@@ -60,6 +61,12 @@ std::size_t HistoryList::entryAt(int y) const
     return static_cast<std::size_t>(below - m_tops.begin()) - 1;
 }
 
+/// Of the entry's card, or what is kept free for it.
+int HistoryList::heightAt(std::size_t entry) const
+{
+    return m_cards[entry] != nullptr ? m_cards[entry]->height() : HistoryCard::usualHeight();
+}
+
 bool HistoryList::makeMissing(int top, int bottom)
 {
     std::vector<HistoryCard*> shown;
@@ -70,9 +77,10 @@ bool HistoryList::makeMissing(int top, int bottom)
             const auto isMade = [](const HistoryCard* later) { return later != nullptr; };
             insideList = insideList
                 || std::any_of(m_cards.begin() + static_cast<std::ptrdiff_t>(i) + 1, m_cards.end(), isMade);
-        } else if (!m_cards[i]->isHidden()) {
+        } else if (!m_cards[i]->isHidden() && m_cards[i]->width() == width()) {
             continue;
         }
+        fit(*m_cards[i]);
         shown.push_back(m_cards[i]);
     }
     if (shown.empty())
@@ -113,8 +121,16 @@ void HistoryList::resizeEvent(QResizeEvent* event)
 {
     if (event->size().width() == event->oldSize().width())
         return; // its own height, which follows from the cards
+    if (m_entries.empty())
+        return;
+    // The point of a card that is at the top of the view stays there, though the card gets other lines.
+    const std::size_t topmost = entryAt(m_seenTop);
+    const double share = static_cast<double>(m_seenTop - m_tops[topmost]) / heightAt(topmost);
+    if (m_cards[topmost] != nullptr)
+        fit(*m_cards[topmost]);
     placeCards();
-    Q_EMIT placesChanged();
+    const int top = m_tops[topmost] + qRound(share * heightAt(topmost));
+    Q_EMIT placesChanged(m_seenTop > 0 ? top - m_seenTop : 0);
 }
 
 HistoryCard* HistoryList::makeCard(const HistoryEntry& entry)
@@ -123,9 +139,10 @@ HistoryCard* HistoryList::makeCard(const HistoryEntry& entry)
     connect(card, &HistoryCard::copyRequested, this, [this, card] { Q_EMIT copyRequested(card->entry()); });
     connect(card, &HistoryCard::deletionRequested, this,
             [this, card] { Q_EMIT deletionRequested(card->entry()); });
-    connect(card, &HistoryCard::heightChanged, this, [this] {
+    connect(card, &HistoryCard::heightChanged, this, [this, card] {
+        fit(*card);
         placeCards();
-        Q_EMIT placesChanged();
+        Q_EMIT placesChanged(0);
     });
     return card;
 }
@@ -146,19 +163,22 @@ void HistoryList::orderCards()
     }
 }
 
+/// Gives a card the size that it takes now. One that is out of view keeps the size of another width until it
+/// comes into view: finding it breaks all the card's lines.
+void HistoryList::fit(HistoryCard& card) const
+{
+    card.resize(width(), card.heightForWidth(width()));
+}
+
 void HistoryList::placeCards()
 {
-    const int usualHeight = HistoryCard::usualHeight();
     int y = 0;
     m_tops.clear();
-    for (HistoryCard* card : m_cards) {
+    for (std::size_t i = 0; i < m_cards.size(); ++i) {
         m_tops.push_back(y);
-        int height = usualHeight;
-        if (card != nullptr) {
-            height = card->heightForWidth(width());
-            card->setGeometry(0, y, width(), height);
-        }
-        y += height + gap;
+        if (m_cards[i] != nullptr)
+            m_cards[i]->move(0, y);
+        y += heightAt(i) + gap;
     }
     setFixedHeight(std::max(0, y - gap));
 }

@@ -46,22 +46,26 @@ Q_SIGNALS:
     void deletionRequested(const HistoryEntry& entry);
 
     /// Entries have other places, at another width or with other details unfolded: some may come into view.
-    void placesChanged();
+    /// What is at the top of the view went down so far.
+    void placesChanged(int moved);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     [[nodiscard]] std::size_t entryAt(int y) const;
+    [[nodiscard]] int heightAt(std::size_t entry) const;
     bool makeMissing(int top, int bottom);
     HistoryCard* makeCard(const HistoryEntry& entry);
     void orderCards();
+    void fit(HistoryCard& card) const;
     void placeCards();
 
     TimeText m_timeText;
     std::vector<HistoryEntry> m_entries;
     std::vector<HistoryCard*> m_cards; ///< One for each entry, null until it is made.
     std::vector<int> m_tops; ///< Where each entry has its place.
+    int m_seenTop = 0; ///< Where the view began when the list was filled last.
 };
 
 } // namespace zelta

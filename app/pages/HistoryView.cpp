@@ -45,10 +45,14 @@ HistoryView::HistoryView(AppModel& model, QWidget* parent)
     column->addWidget(m_list);
     m_empty = makeEmptyState();
     column->addWidget(m_empty);
+    column->addStretch(1); // nothing moves while the page still has the height of a longer list
 
     connect(m_list, &HistoryList::copyRequested, this, &HistoryView::copy);
     connect(m_list, &HistoryList::deletionRequested, this, &HistoryView::remove);
-    connect(m_list, &HistoryList::placesChanged, this, &HistoryView::fillView);
+    connect(m_list, &HistoryList::placesChanged, this, [this](int moved) {
+        keepPlace(moved);
+        fillView();
+    });
     connect(&model, &AppModel::historyTokenChanged, this, [this] {
         if (isVisible())
             load();
@@ -112,12 +116,16 @@ void HistoryView::fillView()
 /// Makes the cards that can be seen, and those so far around them.
 void HistoryView::fill(int around)
 {
-    if (!isVisible())
-        return;
-    const int moved = m_list->fill(seen(), around);
+    if (isVisible())
+        keepPlace(m_list->fill(seen(), around));
+}
+
+/// What is being read stays where it is though it went down in the list.
+void HistoryView::keepPlace(int moved)
+{
     if (moved == 0 || m_scrollBar == nullptr)
         return;
-    // What is being read stays where it is. The scroll bar learns of the new length first.
+    // The scroll bar learns of the new length first.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     m_scrollBar->setValue(m_scrollBar->value() + moved);
 }

@@ -40,6 +40,7 @@ private:
     void enterArea();
     void fillView();
     void fill(int around);
+    void keepPlace(int moved);
     [[nodiscard]] QRect seen() const;
     void copy(const HistoryEntry& entry);
     void remove(const HistoryEntry& entry);

@@ -11,7 +11,19 @@ namespace {
 using namespace std::chrono_literals;
 
 struct HistoryScrollTest : testing::Test, test::HistoryStage
-{ };
+{
+    /// The card at the top of what is seen; null where a gap is.
+    HistoryCard* cardAtTop() const
+    {
+        const auto* list = view.findChild<HistoryList*>();
+        const QPoint top = list->mapFrom(area.viewport(), QPoint(100, 0));
+        for (HistoryCard* card : cards()) {
+            if (card->geometry().contains(top))
+                return card;
+        }
+        return nullptr;
+    }
+};
 
 TEST_F(HistoryScrollTest, ListsFiveHundredOfMore)
 {
@@ -88,13 +100,7 @@ TEST_F(HistoryScrollTest, TallerCardsAboveDoNotMoveWhatIsRead)
     scrollTo(end() - 3000);
     const auto made = cards().size();
     for (int step = 0; step < 100; ++step) {
-        const auto* list = view.findChild<HistoryList*>();
-        const QPoint top = list->mapFrom(area.viewport(), QPoint(100, 0));
-        const QWidget* read = nullptr;
-        for (const HistoryCard* card : cards()) {
-            if (card->geometry().contains(top))
-                read = card;
-        }
+        const QWidget* read = cardAtTop();
         const int before = read != nullptr ? read->mapTo(area.viewport(), QPoint()).y() : 0;
         scrollTo(area.verticalScrollBar()->value() - 40);
         EXPECT_TRUE(isFilled());
@@ -103,6 +109,35 @@ TEST_F(HistoryScrollTest, TallerCardsAboveDoNotMoveWhatIsRead)
         }
     }
     EXPECT_GT(cards().size(), made) << "some were made on the way";
+}
+
+TEST_F(HistoryScrollTest, AnotherWidthDoesNotMoveWhatIsRead)
+{
+    for (int i = 0; i < 200; ++i)
+        save("Saturday, 7 March 2026 → Wednesday, 30 September 2026, number " + std::to_string(i));
+    show();
+    for (int y = 0; y < 8000; y += 300)
+        scrollTo(y);
+    const HistoryCard* read = cardAtTop();
+    ASSERT_NE(read, nullptr);
+    const int shown = read->mapTo(area.viewport(), QPoint()).y();
+    for (const int width : {500, 480, 700, 1000, 500, 800}) {
+        area.resize(width, 700);
+        settle();
+        EXPECT_TRUE(isFilled()) << width;
+        EXPECT_EQ(cardAtTop(), read) << width;
+        for (const HistoryCard* card : cards()) {
+            if (!card->visibleRegion().isEmpty()) {
+                EXPECT_EQ(card->width(), read->width());
+                EXPECT_EQ(card->height(), card->heightForWidth(card->width()));
+            }
+        }
+    }
+    EXPECT_NEAR(read->mapTo(area.viewport(), QPoint()).y(), shown, 5) << "and back where it was";
+    area.hide();
+    area.resize(500, 700);
+    show();
+    EXPECT_EQ(cardAtTop(), read) << "also of a window that was hidden";
 }
 
 TEST_F(HistoryScrollTest, TheTabKeyReachesEveryEntry)
