@@ -35,13 +35,25 @@ bool isGap(QChar character)
 
 } // namespace
 
+QTextOption::WrapMode WrappedText::cuttingMode(const QString& text)
+{
+    qsizetype word = 0;
+    for (const QChar character : text) {
+        word = isGap(character) ? 0 : word + 1;
+        if (word > longest)
+            return QTextOption::WrapAnywhere;
+    }
+    return QTextOption::WrapAtWordBoundaryOrAnywhere;
+}
+
 void WrappedText::set(const QString& text, const QFont& font, QTextOption::WrapMode mode, int lineHeight)
 {
     if (!m_lines.empty() && m_layout.text() == text && m_layout.font() == font && m_mode == mode
         && m_lineHeight == lineHeight)
         return;
+    const bool cutsWords = mode == QTextOption::WrapAtWordBoundaryOrAnywhere;
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-    option.setWrapMode(mode);
+    option.setWrapMode(cutsWords ? cuttingMode(text) : mode);
     m_layout.setCacheEnabled(true);
     m_layout.setTextOption(option);
     m_layout.setText(text);

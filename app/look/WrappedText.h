@@ -27,6 +27,10 @@ public:
         double top = 0; ///< Below the top of the text.
     };
 
+    /// How a text is broken whose words may be cut: finding the word's end anew for each line, Qt takes
+    /// minutes over one of a million characters, so that such a text is cut wherever a line is full.
+    static QTextOption::WrapMode cuttingMode(const QString& text);
+
     /// A `lineHeight` of 0 is the font's own. Nothing is shaped again where nothing differs.
     void set(const QString& text, const QFont& font, QTextOption::WrapMode mode, int lineHeight = 0);
 

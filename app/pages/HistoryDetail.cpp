@@ -2,6 +2,7 @@
 
 #include "app/look/Surface.h"
 #include "app/look/Theme.h"
+#include "app/look/WrappedText.h"
 
 #include <QPainter>
 #include <QTextCursor>
@@ -29,7 +30,7 @@ HistoryDetail::HistoryDetail(const QString& text, QWidget* parent)
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setWordWrapMode(WrappedText::cuttingMode(text));
     viewport()->setAutoFillBackground(false);
     setFont(Theme::font(Theme::FontRole::body));
     setPlainText(text);

@@ -20,7 +20,7 @@ constexpr int gap = 10;
 void HistoryList::setEntries(std::vector<HistoryEntry> entries, TimeText timeText)
 {
     m_timeText = std::move(timeText);
-    std::unordered_map<std::int64_t, HistoryCard*> kept;
+    std::unordered_multimap<std::int64_t, HistoryCard*> kept; // a foreign file may have an id twice
     for (HistoryCard* card : m_cards) {
         if (card != nullptr)
             kept.emplace(card->entry().id, card);

@@ -18,8 +18,8 @@ void NoteListModel::setNotes(std::vector<NoteStamp> notes, Instant now, const Ca
 {
     beginResetModel();
     m_notes = std::move(notes);
-    m_shown.clear();
-    m_calendar = calendar;
+    if (std::exchange(m_calendar, calendar) != calendar)
+        m_shown.clear();
     m_groups = groupNotes(m_notes, now, calendar);
     m_rows.clear();
     m_rows.reserve(m_groups.size() + m_notes.size());
@@ -37,7 +37,7 @@ void NoteListModel::updateNote(const NoteStamp& changed, Instant now, const Cale
     if (found == m_notes.end())
         return;
     *found = changed;
-    m_shown.erase(static_cast<std::size_t>(found - m_notes.begin()));
+    m_shown.erase(changed.id);
     regroup(now, calendar);
     const QModelIndex row = indexOf(changed.id);
     Q_EMIT dataChanged(row, row);
@@ -79,14 +79,15 @@ const NoteListModel::Shown& NoteListModel::shown(std::size_t place) const
 {
     // A row shows one elided line; a title may be the whole of a very long paragraph.
     constexpr qsizetype longestShown = 400;
-    const auto [entry, isNew] = m_shown.try_emplace(place);
+    const auto [id, updatedAt] = m_notes[place];
+    const auto [entry, isNew] = m_shown.try_emplace(id);
     Shown& shown = entry->second;
-    if (isNew) {
-        const auto [id, updatedAt] = m_notes[place];
+    if (isNew || shown.updatedAt != updatedAt) {
         // One that another copy of the program has deleted stays in the list until that is loaded again.
         const Note note = m_read(id).value_or(Note(id, {}, updatedAt, updatedAt));
         const std::string title = note.title();
-        shown = {.title = toQt(title).left(longestShown),
+        shown = {.updatedAt = updatedAt,
+                 .title = toQt(title).left(longestShown),
                  .preview = toQt(note.preview()).left(longestShown),
                  .date = toQt(CalendarKit::fullDate(updatedAt, *m_calendar)),
                  .isRightToLeft = directionOf(title) == TextDirection::rightToLeft};

@@ -59,9 +59,10 @@ private:
         std::size_t place = 0;
     };
 
-    /// The texts of a note's row.
+    /// The texts of a note's row, as of its last change.
     struct Shown
     {
+        Instant updatedAt;
         QString title;
         QString preview;
         QString date;
@@ -73,7 +74,7 @@ private:
 
     Reader m_read;
     std::vector<NoteStamp> m_notes;
-    mutable std::unordered_map<std::size_t, Shown> m_shown; // by place, for the rows looked at so far
+    mutable std::unordered_map<std::int64_t, Shown> m_shown; // by note, for the rows looked at so far
     std::vector<NoteGroup> m_groups;
     std::vector<Row> m_rows;
     std::optional<Calendar> m_calendar;

@@ -121,6 +121,10 @@ void PageChrome::paintEvent(QPaintEvent* /*event*/)
     QPainter(viewport()).fillRect(viewport()->rect(), Theme::color(Theme::Token::page));
 }
 
+// The page looks the same with the focus, so that nothing is painted: Qt would paint all that is on it.
+void PageChrome::focusInEvent(QFocusEvent* /*event*/) { }
+void PageChrome::focusOutEvent(QFocusEvent* /*event*/) { }
+
 QWidget* PageChrome::makeHeader(QWidget* column)
 {
     auto* header = new QWidget(column);

@@ -107,5 +107,32 @@ TEST(NoteListModel, TellsOfAResetBeforeItsRowsChange)
     EXPECT_EQ(model.rowCount(), 2);
 }
 
+TEST(NoteListModel, ReadsANoteOnceForEachState)
+{
+    const Instant now = at(10, 3, 2026);
+    const Instant later = now + std::chrono::seconds(1);
+    std::vector<std::int64_t> read;
+    const auto reader = [&read](std::int64_t id) {
+        read.push_back(id);
+        return Note(id, {{.text = "read " + std::to_string(read.size())}}, {}, {});
+    };
+    NoteListModel model(reader, nullptr);
+    const auto titles = [&model] {
+        QStringList all;
+        for (int row = 1; row < model.rowCount(); ++row)
+            all << model.index(row).data(NoteListModel::titleRole).toString();
+        return all.join(QLatin1Char('|'));
+    };
+    model.setNotes({noteOf(1, now), noteOf(2, now)}, now, paris);
+    EXPECT_EQ(titles(), QStringLiteral("read 1|read 2"));
+    model.setNotes({noteOf(2, now)}, now, paris);
+    model.setNotes({noteOf(1, later), noteOf(2, now)}, now, paris);
+    EXPECT_EQ(titles(), QStringLiteral("read 3|read 2"))
+        << "one has changed, one was out of the list for a while";
+    model.updateNote(noteOf(2, now), now, paris);
+    EXPECT_EQ(titles(), QStringLiteral("read 3|read 4"));
+    EXPECT_EQ(read.size(), 4U);
+}
+
 } // namespace
 } // namespace zelta

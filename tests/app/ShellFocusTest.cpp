@@ -50,6 +50,34 @@ TEST_F(ShellFocus, AClickShowsNoFocusRings)
     EXPECT_TRUE(Surface::showsFocus(*QApplication::focusWidget()));
 }
 
+/// Counts what is painted of a widget.
+struct Paints final : QObject
+{
+    int count = 0;
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+TEST_F(ShellFocus, APageIsNotPaintedForItsFocus)
+{
+    QApplication::processEvents();
+    Paints paints;
+    page()->viewport()->installEventFilter(&paints);
+    row(Module::calculator)->setFocus();
+    QApplication::processEvents();
+    page()->setFocus();
+    QApplication::processEvents();
+    EXPECT_TRUE(page()->hasFocus());
+    EXPECT_EQ(paints.count, 0);
+    page()->viewport()->update();
+    QApplication::processEvents();
+    EXPECT_EQ(paints.count, 1) << "what is painted is counted";
+}
+
 TEST_F(ShellFocus, TypingBeginsInTheFirstFieldThatIsSeen)
 {
     test.model.setSelection(Module::percent);

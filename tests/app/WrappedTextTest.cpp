@@ -122,7 +122,27 @@ TEST_P(Lines, AreDrawnAsTheToolkitDrawsThem)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(WrappedText, Lines,
+TEST(WrappedText, CutsAVeryLongWordWhereverALineIsFull)
+{
+    const QString number(20'000, QLatin1Char('7'));
+    EXPECT_EQ(WrappedText::cuttingMode(number), QTextOption::WrapAnywhere);
+    EXPECT_EQ(WrappedText::cuttingMode(QStringLiteral("1234567 ").repeated(3000)),
+              QTextOption::WrapAtWordBoundaryOrAnywhere);
+    WrappedText wrapped;
+    wrapped.set(number, Theme::font(Theme::FontRole::body), QTextOption::WrapAtWordBoundaryOrAnywhere,
+                height);
+    const std::vector<WrappedText::Line>& lines = wrapped.lines(500);
+    ASSERT_GT(lines.size(), 100U);
+    qsizetype next = 0;
+    for (const WrappedText::Line& line : lines) {
+        EXPECT_EQ(line.from, next);
+        EXPECT_LE(line.width, 500);
+        next = line.from + line.length;
+    }
+    EXPECT_EQ(next, number.size()) << "all of it";
+}
+
+INSTANTIATE_TEST_SUITE_P(WrappedTexts, Lines,
                          testing::Values(QTextOption::WordWrap, QTextOption::WrapAtWordBoundaryOrAnywhere),
                          [](const auto& test) {
                              return test.param == QTextOption::WordWrap ? "OfWords" : "OfWordsAndTheirParts";
