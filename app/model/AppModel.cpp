@@ -68,6 +68,19 @@ Instant AppModel::today() const
     return CalendarKit::startOfDay(m_clock.now(), calendar());
 }
 
+std::chrono::milliseconds AppModel::untilMidnight() const
+{
+    const Instant now = m_clock.now();
+    const Calendar there = calendar();
+    const CivilDay day = there.civilDay(now);
+    // A zone may skip a whole day, but not two.
+    const auto tomorrow = there.instantOrAfterJump({day.addingDays(1), 12});
+    const auto noon = tomorrow ? tomorrow : there.instantOrAfterJump({day.addingDays(2), 12});
+    const Instant midnight = noon ? there.startOfDay(*noon) : now;
+    const auto wait = midnight > now ? midnight - now : std::chrono::minutes(1);
+    return std::chrono::ceil<std::chrono::milliseconds>(wait);
+}
+
 std::string AppModel::clockText(Instant instant, const Calendar& calendar) const
 {
     return m_use24Hour ? CalendarKit::clock(instant, calendar) : CalendarKit::clock12(instant, calendar);

@@ -10,6 +10,7 @@
 #include "core/WeekendRule.h"
 
 #include <QObject>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -55,6 +56,8 @@ public:
     [[nodiscard]] DateOptions dateOptions() const;
     /// The first moment of the current civil day.
     [[nodiscard]] Instant today() const;
+    /// How long until the next one begins; a minute where the clocks go back over its beginning.
+    [[nodiscard]] std::chrono::milliseconds untilMidnight() const;
     /// Time of day in the user's clock format, without seconds: "9:05 AM" or "09:05".
     [[nodiscard]] std::string clockText(Instant instant) const { return clockText(instant, calendar()); }
     [[nodiscard]] std::string clockText(Instant instant, const Calendar& calendar) const;

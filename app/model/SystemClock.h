@@ -4,10 +4,14 @@
 
 namespace zelta {
 
-/// The real clock: the system's wall clock, and precise Qt timers (coarse ones may be 5 % off).
+/// The real clock: the system's wall clock, and precise Qt timers (coarse ones may be 5 % off). Those stand
+/// still while the computer sleeps, which matters to a long delay: the kernel has a clock for it that does
+/// not.
 class SystemClock final : public Clock
 {
 public:
+    static constexpr std::chrono::milliseconds longDelay = std::chrono::seconds(10);
+
     [[nodiscard]] Instant now() const override;
 
 protected:

@@ -178,7 +178,7 @@ bool CalendarPageView::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Resize) {
         fitTiles();
     } else if (event->type() == QEvent::WindowActivate) {
-        // Delays stand still while the computer sleeps: midnight may have passed unnoticed.
+        // Somebody may have set the clock.
         refresh();
         waitForMidnight();
     }
@@ -252,16 +252,7 @@ void CalendarPageView::showSelectedDay()
 /// Today moves on while the page is open.
 void CalendarPageView::waitForMidnight()
 {
-    const Instant now = m_model.clock().now();
-    const Calendar calendar = m_model.calendar();
-    const CivilDay today = calendar.civilDay(now);
-    // A zone may skip a whole day, but not two.
-    const auto tomorrow = calendar.instantOrAfterJump({today.addingDays(1), 12});
-    const auto noon = tomorrow ? tomorrow : calendar.instantOrAfterJump({today.addingDays(2), 12});
-    const Instant midnight = noon ? calendar.startOfDay(*noon) : now;
-    // It lies behind where the clocks went back over it.
-    const auto wait = midnight > now ? midnight - now : std::chrono::minutes(1);
-    m_midnight = m_model.clock().after(std::chrono::ceil<std::chrono::milliseconds>(wait), [this] {
+    m_midnight = m_model.clock().after(m_model.untilMidnight(), [this] {
         refresh();
         waitForMidnight();
     });

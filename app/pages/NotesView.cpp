@@ -379,6 +379,7 @@ void NotesView::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
+    waitForMidnight();
     if (!std::exchange(m_isLoaded, true)) {
         window()->installEventFilter(this);
         layout()->activate(); // a note is laid out at the width that it gets
@@ -402,9 +403,23 @@ void NotesView::followStore()
 void NotesView::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
+    if (!event->spontaneous())
+        m_midnight.cancel();
     m_reloadTask.cancel();
     handOn();
     renewTries();
+}
+
+/// Today's notes become yesterday's while the page is open.
+void NotesView::waitForMidnight()
+{
+    m_midnight = m_model.clock().after(m_model.untilMidnight(), [this] { followDay(); });
+}
+
+void NotesView::followDay()
+{
+    m_list->model().regroup(now(), m_model.calendar());
+    waitForMidnight();
 }
 
 /// The window may be closed while another page is shown.
@@ -412,6 +427,8 @@ bool NotesView::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Close && watched == window())
         renewTries();
+    if (event->type() == QEvent::WindowActivate && watched == window() && isVisible())
+        followDay(); // somebody may have set the clock
     return QWidget::eventFilter(watched, event);
 }
 

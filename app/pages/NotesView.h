@@ -89,6 +89,8 @@ private:
     void handOn();
     void scheduleSave();
     void scheduleRetry();
+    void waitForMidnight();
+    void followDay();
     void renewTries();
     bool write(const Note& note);
     void searchChanged();
@@ -117,6 +119,7 @@ private:
     Clock::Task m_saveTask;
     Clock::Task m_searchTask;
     Clock::Task m_reloadTask;
+    Clock::Task m_midnight;
 };
 
 } // namespace zelta

@@ -1,7 +1,15 @@
+#include "app/model/SystemClock.h"
 #include "tests/app/support/HandClock.h"
 
 #include <gtest/gtest.h>
+#include <sys/timerfd.h>
 
+#include <QCoreApplication>
+#include <QTest>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
 #include <vector>
 
 namespace zelta {
@@ -114,6 +122,57 @@ TEST(Clock, ACancelledSaveIsNoLongerPending)
     save.cancel();
     EXPECT_FALSE(clock.hasPendingSaves());
     EXPECT_EQ(settled, 1);
+}
+
+/// The kernel's timers that this process has, with what the kernel says of each.
+std::map<int, std::string> kernelTimers()
+{
+    std::map<int, std::string> all;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone; // the folder's own descriptor
+        if (std::filesystem::read_symlink(entry.path(), gone) != "anon_inode:[timerfd]")
+            continue;
+        std::ifstream file("/proc/self/fdinfo" / entry.path().filename());
+        all[std::stoi(entry.path().filename())] = {std::istreambuf_iterator<char>(file), {}};
+    }
+    return all;
+}
+
+TEST(SystemClock, LongDelaysGoOnWhileTheComputerSleeps)
+{
+    const auto before = kernelTimers();
+    SystemClock clock;
+    int runs = 0;
+    Clock::Task task = clock.after(2h, [&] { ++runs; });
+    auto timers = kernelTimers();
+    std::erase_if(timers, [&before](const auto& timer) { return before.contains(timer.first); });
+    ASSERT_EQ(timers.size(), 1U);
+    const auto& [timer, kernelSays] = *timers.begin();
+    constexpr auto boottime = "clockid: 7\n";
+    EXPECT_NE(kernelSays.find(boottime), std::string::npos) << kernelSays;
+    EXPECT_NE(kernelSays.find("it_value: (7199,"), std::string::npos) << kernelSays;
+
+    itimerspec soon {};
+    soon.it_value.tv_nsec = 1;
+    timerfd_settime(timer, 0, &soon, nullptr); // as if two hours had been slept through
+    EXPECT_TRUE(QTest::qWaitFor([&runs] { return runs > 0; }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(runs, 1);
+    EXPECT_FALSE(task.isPending());
+    EXPECT_EQ(kernelTimers(), before);
+
+    task = clock.after(2h, [&] { ++runs; });
+    task.cancel();
+    EXPECT_EQ(kernelTimers(), before) << "called off";
+}
+
+TEST(SystemClock, ShortDelaysRunOnce)
+{
+    SystemClock clock;
+    int runs = 0;
+    const Clock::Task task = clock.after(1ms, [&] { ++runs; });
+    EXPECT_TRUE(QTest::qWaitFor([&runs] { return runs > 0; }));
+    EXPECT_FALSE(task.isPending());
 }
 
 } // namespace

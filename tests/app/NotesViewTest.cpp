@@ -28,6 +28,22 @@ TEST_F(NotesViewTest, OpensTheNewestNoteFirst)
     EXPECT_EQ(words(), "2 words");
 }
 
+TEST_F(NotesViewTest, TodaysNotesBecomeYesterdaysWhileThePageIsOpen)
+{
+    using namespace std::chrono_literals;
+    add({"written before midnight"});
+    open();
+    ASSERT_EQ(listed(), (Texts {"Today", "written before midnight"}));
+    test.clock.advance(24h);
+    EXPECT_EQ(listed(), (Texts {"Yesterday", "written before midnight"}));
+    EXPECT_EQ(shown(), (Texts {"written before midnight"}));
+    test.clock.setWallClock(test.clock.now() + 24h);
+    QEvent activate(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(page.get(), &activate);
+    EXPECT_EQ(listed(), (Texts {"Previous 7 Days", "written before midnight"}))
+        << "somebody has set the clock";
+}
+
 TEST_F(NotesViewTest, SaysWhenThereIsNothing)
 {
     open();
