@@ -57,9 +57,9 @@ void ParagraphLayout::draw(QPainter* painter, const PaintContext& context)
     const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), documentSize());
     QTextBlock block = document()->findBlockByLineNumber(std::max(0, int(clip.top()) - inset.top()));
     for (; block.isValid(); block = block.next()) {
-        const QRectF area = blockBoundingRect(block);
-        if (area.top() > clip.bottom())
+        if (inset.top() + block.firstLineNumber() > clip.bottom())
             break;
+        static_cast<void>(blockBoundingRect(block)); // lays it out, and puts it where it is
         drawBlock(*painter, context, block);
     }
 }
