@@ -63,7 +63,7 @@ void WrappedText::set(const QString& text, const QFont& font, QTextOption::WrapM
     layOut(unlimited);
     m_natural = m_size;
     m_longestWord = m_layout.minimumWidth();
-    findWords();
+    m_words.reset();
 }
 
 QSizeF WrappedText::size(double width)
@@ -111,7 +111,7 @@ void WrappedText::layOut(double width)
 /// Measures the words of a text that is on one line, in one font and direction.
 void WrappedText::findWords()
 {
-    m_words.clear();
+    std::vector<Word>& words = m_words.emplace();
     m_widestWord = 0;
     const QString text = m_layout.text();
     if (m_mode == QTextOption::ManualWrap || m_lines.size() != 1 || !canBeAdded(text))
@@ -137,7 +137,7 @@ void WrappedText::findWords()
         const double endX = line.cursorToX(static_cast<int>(end)) + beyond;
         m_widestWord = std::max(m_widestWord, endX - beginX);
         beginX = line.cursorToX(static_cast<int>(next));
-        m_words.push_back({next, endX, beginX});
+        words.push_back({next, endX, beginX});
     }
 }
 
@@ -147,10 +147,12 @@ void WrappedText::breakFor(double width)
 {
     if (m_size.width() <= width && width <= m_brokenFor)
         return;
+    if (!m_words)
+        findWords();
     const bool cutsWord
         = m_mode == QTextOption::WrapAtWordBoundaryOrAnywhere && width >= narrowest && m_widestWord > width;
     const double wanted = m_natural.width() <= width ? unlimited : width;
-    if (m_words.empty() || cutsWord)
+    if (m_words->empty() || cutsWord)
         layOut(wanted);
     else
         fillLines(wanted);
@@ -166,7 +168,7 @@ void WrappedText::fillLines(double width)
     m_lines = {{}};
     double beginX = 0;
     double nextX = 0;
-    for (const Word& word : m_words) {
+    for (const Word& word : *m_words) {
         if (word.endX - beginX > width && nextX > beginX) {
             const Line& full = m_lines.back();
             m_lines.push_back({full.from + full.length, 0, 0, full.top + m_natural.height()});

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QTextLayout>
 #include <QTextOption>
+#include <optional>
 #include <vector>
 
 class QPainter;
@@ -69,7 +70,8 @@ private:
     QTextLayout m_layout;
     QTextOption::WrapMode m_mode = QTextOption::WordWrap;
     double m_lineHeight = 0;
-    std::vector<Word> m_words; ///< None where Qt is to break the text.
+    std::optional<std::vector<Word>>
+        m_words; ///< Found when first needed; none where Qt is to break the text.
     double m_widestWord = 0;
     QSizeF m_natural {0, 0};
     double m_longestWord = 0;
