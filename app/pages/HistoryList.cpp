@@ -61,12 +61,6 @@ std::size_t HistoryList::entryAt(int y) const
     return static_cast<std::size_t>(below - m_tops.begin()) - 1;
 }
 
-/// Of the entry's card, or what is kept free for it.
-int HistoryList::heightAt(std::size_t entry) const
-{
-    return m_cards[entry] != nullptr ? m_cards[entry]->height() : HistoryCard::usualHeight();
-}
-
 bool HistoryList::makeMissing(int top, int bottom)
 {
     std::vector<HistoryCard*> shown;
@@ -125,12 +119,15 @@ void HistoryList::resizeEvent(QResizeEvent* event)
         return;
     // The point of a card that is at the top of the view stays there, though the card gets other lines.
     const std::size_t topmost = entryAt(m_seenTop);
-    const double share = static_cast<double>(m_seenTop - m_tops[topmost]) / heightAt(topmost);
-    if (m_cards[topmost] != nullptr)
-        fit(*m_cards[topmost]);
-    placeCards();
-    const int top = m_tops[topmost] + qRound(share * heightAt(topmost));
-    Q_EMIT placesChanged(m_seenTop > 0 ? top - m_seenTop : 0);
+    HistoryCard* card = m_cards[topmost];
+    int top = m_seenTop;
+    if (card != nullptr && m_seenTop > m_tops[topmost]) {
+        const double share = static_cast<double>(m_seenTop - m_tops[topmost]) / card->height();
+        fit(*card);
+        placeCards();
+        top = m_tops[topmost] + qRound(share * card->height());
+    }
+    Q_EMIT placesChanged(top - m_seenTop);
 }
 
 HistoryCard* HistoryList::makeCard(const HistoryEntry& entry)
@@ -172,13 +169,14 @@ void HistoryList::fit(HistoryCard& card) const
 
 void HistoryList::placeCards()
 {
+    const int usualHeight = HistoryCard::usualHeight();
     int y = 0;
     m_tops.clear();
-    for (std::size_t i = 0; i < m_cards.size(); ++i) {
+    for (HistoryCard* card : m_cards) {
         m_tops.push_back(y);
-        if (m_cards[i] != nullptr)
-            m_cards[i]->move(0, y);
-        y += heightAt(i) + gap;
+        if (card != nullptr)
+            card->move(0, y);
+        y += (card != nullptr ? card->height() : usualHeight) + gap;
     }
     setFixedHeight(std::max(0, y - gap));
 }

@@ -54,7 +54,6 @@ protected:
 
 private:
     [[nodiscard]] std::size_t entryAt(int y) const;
-    [[nodiscard]] int heightAt(std::size_t entry) const;
     bool makeMissing(int top, int bottom);
     HistoryCard* makeCard(const HistoryEntry& entry);
     void orderCards();
