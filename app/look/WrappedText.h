@@ -70,8 +70,8 @@ private:
     QTextLayout m_layout;
     QTextOption::WrapMode m_mode = QTextOption::WordWrap;
     double m_lineHeight = 0;
-    std::optional<std::vector<Word>>
-        m_words; ///< Found when first needed; none where Qt is to break the text.
+    /// Found when first needed; none where Qt is to break the text.
+    std::optional<std::vector<Word>> m_words;
     double m_widestWord = 0;
     QSizeF m_natural {0, 0};
     double m_longestWord = 0;
