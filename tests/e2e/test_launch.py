@@ -56,12 +56,14 @@ class Launch(scenario.Scenario):
         self.assertEqual(folder.stat().st_mode & 0o777, 0o700)
 
     def test_qt_draws_with_the_fonts_that_it_names(self):
-        """The program's FcFontMatch stands before the library's; who calls whom is the dynamic linker's word."""
+        """Two of the program's functions stand before the font library's; who calls whom is the dynamic linker's word."""
         self.start(LD_DEBUG="bindings", LD_DEBUG_OUTPUT=str(self.screen.folder / "bindings"))
         [said] = self.screen.folder.glob(f"bindings.{self.app.process.pid}")
-        bound = [line for line in said.read_text(errors="replace").splitlines() if "symbol `FcFontMatch'" in line]
-        ours = [line for line in bound if "libQt6" in line.partition(" to ")[0] and "zelta-basic [0]" in line.partition(" to ")[2]]
-        self.assertTrue(ours and ours == bound, bound)
+        bindings = said.read_text(errors="replace").splitlines()
+        for function in ("FcFontList", "FcFontMatch"):
+            bound = [line for line in bindings if f"symbol `{function}'" in line]
+            ours = [line for line in bound if "libQt6" in line.partition(" to ")[0] and "zelta-basic [0]" in line.partition(" to ")[2]]
+            self.assertTrue(ours and ours == bound, bound)
 
 
 if __name__ == "__main__":
