@@ -94,6 +94,7 @@ Store::Store(std::optional<std::filesystem::path> location)
         // Absolute, so that no name can be taken for one with a meaning of its own, such as ":memory:".
         const std::filesystem::path file = absolute(m_url);
         createPrivateDirectories(file.parent_path());
+        createPrivateFile(file); // the engine would let everybody read it, and gives its log the same mode
         open(file.string());
         return;
     } catch (const StoreError& error) {

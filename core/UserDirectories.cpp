@@ -5,6 +5,7 @@
 #include <vector>
 
 #ifndef _WIN32
+#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
 #endif
@@ -15,7 +16,7 @@ namespace {
 
 std::filesystem::path pathFromEnvironment(const char* name)
 {
-    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): asked once, at the start
+    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing moves there meanwhile
     return value == nullptr ? "" : value;
 }
 
@@ -58,6 +59,15 @@ void createPrivateDirectories(const std::filesystem::path& directory)
     }
     if (!directory.empty() && !is_directory(directory))
         throw std::system_error(std::make_error_code(std::errc::not_a_directory));
+}
+
+void createPrivateFile([[maybe_unused]] const std::filesystem::path& file)
+{
+#ifndef _WIN32
+    const int made = ::open(file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (made != -1)
+        ::close(made);
+#endif
 }
 
 } // namespace zelta

@@ -15,4 +15,8 @@ std::filesystem::path dataDirectory();
 /// directory rules ask. Throws std::system_error.
 void createPrivateDirectories(const std::filesystem::path& directory);
 
+/// Makes an empty file that its owner only can read and write. Does nothing where there is one, or none can
+/// be made.
+void createPrivateFile(const std::filesystem::path& file);
+
 } // namespace zelta

@@ -77,6 +77,24 @@ TEST_F(StoreFile, MakesMissingDirectoriesForItsOwnerOnly)
     EXPECT_EQ(modeOf(directory / "one/two"), 0700U);
 }
 
+TEST_F(StoreFile, IsReadableByItsOwnerOnlyWhereverItLies)
+{
+    const mode_t before = umask(0);
+    const Store store(file);
+    umask(before);
+    for (const char* part : {"", "-wal", "-shm"})
+        EXPECT_EQ(modeOf(file.string() + part), 0600U) << part;
+}
+
+TEST_F(StoreFile, LeavesTheRightsOfAnExistingFile)
+{
+    write(file, "");
+    chmod(file.c_str(), 0640);
+    const Store store(file);
+    EXPECT_TRUE(store.isPersistent());
+    EXPECT_EQ(modeOf(file), 0640U);
+}
+
 TEST_F(StoreFile, LeavesExistingDirectoriesAsTheyAre)
 {
     create_directory(directory / "open");
