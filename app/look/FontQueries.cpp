@@ -61,11 +61,13 @@ FcPattern* face(const FcFontSet& fonts, const FcChar8* file, int index)
 
 /// A list that tells the faces of all files apart; others are made of fonts that are alike in what is asked
 /// for.
-bool listsFaces(const FcPattern* wanted, const FcObjectSet& objects)
+bool listsFaces(const FcPattern* wanted, const FcObjectSet* objects)
 {
+    if (!objects) // which means all
+        return false;
     bool file = false;
     bool index = false;
-    for (const char* object : std::span(objects.objects, static_cast<std::size_t>(objects.nobject))) {
+    for (const char* object : std::span(objects->objects, static_cast<std::size_t>(objects->nobject))) {
         file = file || std::string_view(object) == FC_FILE;
         index = index || std::string_view(object) == FC_INDEX;
     }
@@ -99,7 +101,7 @@ FcFontSet* FcFontList(FcConfig* config, FcPattern* pattern, FcObjectSet* objects
     if (!used)
         return nullptr;
     Installed installed(used.get());
-    if (!listsFaces(pattern, *objects))
+    if (!listsFaces(pattern, objects))
         return FcFontSetList(used.get(), installed.sets().data(), installed.count(), pattern, objects);
     Fonts listed(FcFontSetCreate());
     const Fonts named(FcFontSetCreate());

@@ -168,6 +168,10 @@ TEST(FontQueries, ListsFamiliesAndWantedFontsAsTheLibraryDoes)
     const Fonts listed(FcFontList(nullptr, any.get(), families.get()));
     EXPECT_EQ(asTexts(*listed, *families), asTexts(*libraryList(any.get(), families.get()), *families));
 
+    const Objects all(FcObjectSetBuild(FC_FULLNAME, nullptr));
+    EXPECT_EQ(asTexts(*Fonts(FcFontList(nullptr, any.get(), nullptr)), *all),
+              asTexts(*libraryList(any.get(), nullptr), *all));
+
     const Pattern bold(FcPatternBuild(nullptr, FC_WEIGHT, FcTypeInteger, FC_WEIGHT_BOLD, nullptr));
     const Objects objects = objectsOfQt();
     const Fonts wanted(FcFontList(nullptr, bold.get(), objects.get()));
