@@ -7,13 +7,17 @@
 #include "app/shell/MainWindow.h"
 #include "app/shell/Memory.h"
 
+#include <fcntl.h>
 #include <fontconfig/fontconfig.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QSessionManager>
 #include <QStringList>
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -31,6 +35,32 @@ constexpr const char* help = "Usage: zelta-basic [-ZeltaBasicDatabase PATH]\n"
                              "  -ZeltaBasicDatabase PATH  keep everything in this file\n"
                              "  --version                 print the version and exit\n"
                              "  --help                    print this text and exit\n";
+
+/// Takes what whoever starts the program may leave broken. A missing standard stream would be replaced by the
+/// next thing that is opened, such as the connection to the X server, and messages would go there. A full
+/// file and a message that nobody reads are errors to go on from, no reason to die with words that are not
+/// saved yet.
+void mendSurroundings()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) == -1)
+            open("/dev/null", O_RDWR);
+    }
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+/// Qt takes this variable out of the environment, while the thread beside it reads others: those behind it
+/// would move up, and one could be missed. Behind the last there is nothing to move.
+void putStartupIdLast()
+{
+    constexpr auto name = "DESKTOP_STARTUP_ID";
+    if (const char* value = std::getenv(name)) { // NOLINT(concurrency-mt-unsafe): no other thread yet
+        const std::string id = value;
+        unsetenv(name); // NOLINT(concurrency-mt-unsafe)
+        setenv(name, id.c_str(), 1); // NOLINT(concurrency-mt-unsafe)
+    }
+}
 
 /// Shows the window and paints it while the window manager still makes room for it; Qt would wait for that.
 /// What is still to be laid out comes first, or the picture would be painted twice.
@@ -57,6 +87,7 @@ QStringList restartCommand(const Store& store, bool isPlaceGiven)
 int run(int argc, char** argv, const std::optional<std::string>& database)
 {
     Memory::useOneHeap();
+    putStartupIdLast();
     // Opening the database, reading the font configuration and asking the X server take some milliseconds
     // each, so they go side by side.
     std::unique_ptr<Store> store;
@@ -94,6 +125,7 @@ int main(int argc, char** argv)
 {
     using zelta::LaunchArguments;
 
+    zelta::mendSurroundings();
     const auto count = static_cast<std::size_t>(argc > 0 ? argc - 1 : 0);
     const LaunchArguments arguments = zelta::parseLaunchArguments({argv + (argc > 0 ? 1 : 0), count});
     if (arguments.complaint)

@@ -1,12 +1,22 @@
 #include "app/model/LaunchArguments.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace zelta {
 namespace {
 
 constexpr std::string_view databaseOption = "-ZeltaBasicDatabase";
+
+/// In one line, and nothing that a terminal would obey.
+std::string shown(std::string text)
+{
+    std::ranges::replace_if(
+        text, [](unsigned char byte) { return byte < ' ' || byte == 0x7f; }, '?');
+    return text;
+}
 
 } // namespace
 
@@ -26,7 +36,8 @@ LaunchArguments parseLaunchArguments(std::span<const char* const> arguments)
                 result.request = argument == "--help" ? Request::help : Request::version;
         } else {
             result.request = Request::refuse;
-            result.complaint = "zelta-basic: unknown option '" + std::string(argument) + "'; see --help";
+            result.complaint
+                = "zelta-basic: unknown option '" + shown(std::string(argument)) + "'; see --help";
             return result;
         }
     }

@@ -41,6 +41,7 @@ TEST(LaunchArguments, AnythingElseIsRefused)
     EXPECT_EQ(parse({"notes.sqlite"}).request, Request::refuse);
     EXPECT_EQ(parse({"--version", "-x"}).request, Request::refuse);
     EXPECT_EQ(parse({"-x"}).complaint, "zelta-basic: unknown option '-x'; see --help");
+    EXPECT_EQ(parse({"a\nb\x1b[1mé"}).complaint, "zelta-basic: unknown option 'a?b?[1mé'; see --help");
 }
 
 TEST(LaunchArguments, VersionAndHelpAreAnsweredInsteadOfRunning)

@@ -47,6 +47,15 @@ class Scenario(unittest.TestCase):
         self.app = program.Program(self.screen, arguments, **environment)
         return self.app
 
+    def start_with(self, *command):
+        """Starts the program through another that restricts it and then becomes it."""
+        own = os.environ["ZELTA_PROGRAM"]
+        try:
+            os.environ["ZELTA_PROGRAM"] = command[0]
+            return self.start(*command[1:], own)
+        finally:
+            os.environ["ZELTA_PROGRAM"] = own
+
     def database(self):
         """A read-only look into the database file, past the program."""
         return sqlite3.connect(f"file:{program.database(self.screen)}?mode=ro", uri=True)

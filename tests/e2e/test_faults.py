@@ -180,15 +180,6 @@ class Faults(scenario.Scenario):
 
     # A disk that takes nothing
 
-    def start_with(self, *command):
-        """Starts the program through another that restricts it and then becomes it."""
-        own = os.environ["ZELTA_PROGRAM"]
-        try:
-            os.environ["ZELTA_PROGRAM"] = command[0]
-            return self.start(*command[1:], own)
-        finally:
-            os.environ["ZELTA_PROGRAM"] = own
-
     def test_a_full_disk_stops_saving_and_nothing_else(self):
         app = self.start()
         self.save(app, 1, 2)
@@ -196,7 +187,7 @@ class Faults(scenario.Scenario):
         app.kill()
         file = program.database(self.screen)
         limit = file.stat().st_size + 60_000
-        app = self.start_with("env", "--ignore-signal=XFSZ", "prlimit", f"--fsize={limit}")
+        app = self.start_with("prlimit", f"--fsize={limit}")
         for number in range(3, 40):
             app.go("Percentage" if number % 2 else "Calendar")
         self.save(app, 3, 4)

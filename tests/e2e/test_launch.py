@@ -50,6 +50,19 @@ class Launch(scenario.Scenario):
         self.assertFalse((home / "one.sqlite").exists())
         self.assertFalse(program.database(self.screen).exists())
 
+    def test_missing_standard_streams_are_nobodys(self):
+        """Their numbers would go to the next connections, and each message into one of them."""
+        self.start_with("sh", "-c", 'exec "$@" <&- >&- 2>&-', "sh")
+        for stream in range(3):
+            self.assertEqual(os.readlink(f"/proc/{self.app.process.pid}/fd/{stream}"), "/dev/null")
+
+    def test_a_message_that_nobody_reads_does_not_end_the_program(self):
+        # Qt warns of a missing folder for what belongs to the running session.
+        shell = 'exec 2> >(exit); wait $!; unset XDG_RUNTIME_DIR; exec "$@"'
+        self.start_with("bash", "-c", shell, "bash")
+        self.app.go("Settings")
+        self.assertEqual(self.app.end(), 0)
+
     def test_the_data_folder_is_for_its_owner_only(self):
         self.start()
         folder = program.database(self.screen).parent
