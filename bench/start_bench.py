@@ -9,6 +9,7 @@ import contextlib
 import json
 import os
 import pathlib
+import select
 import sqlite3
 import statistics
 import sys
@@ -37,9 +38,14 @@ class Watcher:
         self.display.screen().root.change_attributes(event_mask=X.SubstructureNotifyMask)
         self.display.sync()
 
-    def first_picture(self):
-        """Waits for the next large window to show something. Gives the moment."""
+    def first_picture(self, process):
+        """Waits for the next large window, that of the process, to show something. Gives the moment."""
+        deadline = time.monotonic() + 30
         while True:
+            while not self.display.pending_events():  # which sends what is still to be sent
+                if process.poll() is not None or time.monotonic() > deadline:
+                    raise AssertionError(f"no picture of {process.args}, exit status {process.poll()}")
+                select.select([self.display], [], [], 1)
             event = self.display.next_event()
             if event.type == self.X.CreateNotify and event.width > 200 and event.height > 200:
                 event.window.damage_create(self.damage.DamageReportRawRectangles)
@@ -72,7 +78,7 @@ class Subject:
         watcher.forget()
         begin = time.monotonic()
         process = desktop.start(self.command, env=self.environment)
-        moment = watcher.first_picture()
+        moment = watcher.first_picture(process)
         self.starts.append(1000 * (moment - begin))
         return process
 

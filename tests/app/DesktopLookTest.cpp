@@ -39,6 +39,7 @@ protected:
         qputenv("XDG_RUNTIME_DIR", "/nonexistent");
         setDesktopPalette(QColor(239, 239, 239), Qt::black);
     }
+    ~DesktopLookTest() override { setDesktopPalette(QColor(239, 239, 239), Qt::black); }
 
     static QApplication& application() { return *static_cast<QApplication*>(QCoreApplication::instance()); }
 };
@@ -62,7 +63,8 @@ protected:
     DesktopPortalTest()
     {
         qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        portal->setColorScheme(preferDark);
+        // A signal could still be on its way when the test begins to listen, and be heard.
+        portal->setAnswer(preferDark);
     }
 
     static inline test::StandInPortal* portal = nullptr;
@@ -162,7 +164,7 @@ TEST_F(DesktopPortalTest, TurnsDarkWhenOnlyThePortalSaysSo)
 
 TEST_F(DesktopPortalTest, HearsOfTheColourSchemeOnly)
 {
-    portal->setColorScheme(preferLight);
+    portal->setAnswer(preferLight);
     SettingsPortal heard;
     const QSignalSpy changes(&heard, &SettingsPortal::colorSchemeChanged);
     const auto hears = [&heard](SettingsPortal::ColorScheme scheme) {

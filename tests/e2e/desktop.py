@@ -63,7 +63,14 @@ class Desktop:
         bus = ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus"]
         self.run(bus + ["org.a11y.Bus.GetAddress"])
         self._start(["openbox", "--sm-disable"])
-        wait_for(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.run(["xprop", "-root"]), "the window manager")
+        wait_for(lambda: "_NET_NUMBER_OF_DESKTOPS(CARDINAL)" in self.run(["xprop", "-root"]), "the window manager")
+        wait_for(self._is_managed, "the window manager's answer")
+
+    def _is_managed(self):
+        """Asks for a single desktop, and whether that is so. What reaches openbox before its main loop runs lies in its
+        queue until the next event comes, a window that wants to be shown too: only an answer says that it listens."""
+        self.run(["xdotool", "set_num_desktops", "1"])
+        return self.run(["xdotool", "get_num_desktops"]).strip() == "1"
 
     def _start(self, command, **options):
         quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, "env": self.environment}

@@ -56,6 +56,20 @@ class Scenario(unittest.TestCase):
         finally:
             os.environ["ZELTA_PROGRAM"] = own
 
+    def hears(self, act, words):
+        """Does something, and waits for a screen reader to say the words, however short they stand. Gives all that was
+        said until then."""
+        self.app.heard()
+        heard = []
+        act()
+
+        def complete():
+            heard.extend(self.app.heard())
+            return ("notification", words) in heard
+
+        self.wait_for(complete, f"“{words}” to be said; heard {heard}")
+        return heard
+
     def database(self):
         """A read-only look into the database file, past the program."""
         return sqlite3.connect(f"file:{program.database(self.screen)}?mode=ro", uri=True)

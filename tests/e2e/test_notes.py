@@ -50,11 +50,9 @@ class Notes(scenario.Scenario):
 
         app.click("Add paragraph")
         self.wait_for(lambda: len(self.paragraphs(app)) == 4, "four paragraphs")
-        app.click("Undo the last change to this note")
-        app.wait("Undone")
+        self.hears(lambda: app.click("Undo the last change to this note"), "Undone")
         self.wait_for(lambda: len(self.paragraphs(app)) == 3, "three paragraphs")
-        app.click("Copy note")
-        app.wait("Note copied")
+        self.hears(lambda: app.click("Copy note"), "Note copied")
         self.assertEqual(self.screen.clipboard(), "\n\n".join(everything[0]))
         app.kill()
 

@@ -18,6 +18,9 @@ public:
     /// Whether the bus runs and the portal has its name.
     [[nodiscard]] bool isReady() const;
 
+    /// What it answers from now on, without a word to those who listen.
+    void setAnswer(unsigned colorScheme) { m_colorScheme = colorScheme; }
+
     /// Changes the setting and tells everybody, as a portal does.
     void setColorScheme(unsigned colorScheme);
 
