@@ -14,18 +14,6 @@ SymbolIcon::SymbolIcon(std::string_view symbol, int size, Theme::Token token, QW
     setFixedSize(size, size);
 }
 
-void SymbolIcon::setSymbol(std::string_view symbol)
-{
-    m_symbol = symbol;
-    update();
-}
-
-void SymbolIcon::setToken(Theme::Token token)
-{
-    m_token = token;
-    update();
-}
-
 void SymbolIcon::setOpacity(double opacity)
 {
     m_opacity = opacity;

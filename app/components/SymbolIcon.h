@@ -15,9 +15,6 @@ class SymbolIcon : public QWidget
 public:
     SymbolIcon(std::string_view symbol, int size, Theme::Token token, QWidget* parent = nullptr);
 
-    void setSymbol(std::string_view symbol);
-    void setToken(Theme::Token token);
-
     /// Lets the ground show through the colour; 1 is solid.
     void setOpacity(double opacity);
 

@@ -1,6 +1,5 @@
 #include "app/pages/NotesView.h"
 
-#include "app/components/Button.h"
 #include "app/components/Clipboard.h"
 #include "app/components/ConfirmDialog.h"
 #include "app/components/Flash.h"

@@ -2,7 +2,6 @@
 
 #include "app/components/IconButton.h"
 #include "app/look/Theme.h"
-#include "app/model/Text.h"
 #include "app/pages/ParagraphLayout.h"
 #include "app/pages/SelectableTextEditor.h"
 #include "app/pages/TextBlockEditor.h"
