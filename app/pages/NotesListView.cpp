@@ -69,6 +69,14 @@ protected:
         return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
     }
 
+    // The ring is drawn around the chosen row.
+    void focusInEvent(QFocusEvent* event) override
+    {
+        QListView::focusInEvent(event);
+        if (event->reason() != Qt::MouseFocusReason)
+            scrollTo(currentIndex());
+    }
+
     // A heading cannot be chosen; there is a note below each.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override
     {

@@ -62,8 +62,8 @@ QWidget* Sidebar::makeHeader()
 
 QWidget* Sidebar::makeRows()
 {
-    auto* area = new ScrollArea(this);
-    auto* list = new QWidget(area->viewport());
+    m_area = new ScrollArea(this);
+    auto* list = new QWidget(m_area->viewport());
     list->setAccessibleName(QStringLiteral("Pages"));
     auto* layout = new QVBoxLayout(list);
     layout->setContentsMargins(7, 0, 7, 0);
@@ -81,8 +81,8 @@ QWidget* Sidebar::makeRows()
         m_rows[static_cast<std::size_t>(module)] = row;
     }
     layout->addStretch(1);
-    area->setContent(list);
-    return area;
+    m_area->setContent(list);
+    return m_area;
 }
 
 QWidget* Sidebar::makeFooter()
@@ -111,6 +111,19 @@ void Sidebar::showSelection()
         row->setFocusPolicy(row == selected ? Qt::TabFocus : Qt::NoFocus);
     if (hadFocus)
         selected->setFocus();
+    bringSelectionIntoView();
+}
+
+/// With large fonts the list scrolls.
+void Sidebar::bringSelectionIntoView()
+{
+    m_area->ensureWidgetVisible(m_rows[static_cast<std::size_t>(m_model.selection())], 0, 0);
+}
+
+void Sidebar::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    bringSelectionIntoView();
 }
 
 void Sidebar::showSettings()

@@ -9,6 +9,7 @@ namespace zelta {
 
 class AppModel;
 class Label;
+class ScrollArea;
 class SidebarRow;
 
 /// The list of pages, with the program's name and version above it and the weekend rule below.
@@ -27,15 +28,18 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QWidget* makeHeader();
     QWidget* makeRows();
     QWidget* makeFooter();
     void showSelection();
+    void bringSelectionIntoView();
     void showSettings();
 
     AppModel& m_model;
+    ScrollArea* m_area = nullptr;
     std::array<SidebarRow*, caseCount<Module>> m_rows {};
     Label* m_weekend = nullptr;
 };

@@ -65,6 +65,25 @@ TEST_F(NotesFocus, AClickOpensTheRowBelowThePointerThoughSavingMovesTheRows)
     EXPECT_EQ(list->selectionModel()->selectedIndexes(), QModelIndexList {list->currentIndex()});
 }
 
+TEST_F(NotesFocus, TabShowsTheRowThatItComesTo)
+{
+    for (int i = 0; i < 30; ++i)
+        add({std::to_string(i)}, std::chrono::minutes(i));
+    open();
+    QListView* list = page->list()->list();
+    page->list()->setFocus();
+    list->verticalScrollBar()->setValue(list->verticalScrollBar()->maximum());
+    const auto isSeen
+        = [list] { return list->viewport()->rect().contains(list->visualRect(list->currentIndex())); };
+    ASSERT_FALSE(isSeen());
+    list->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(isSeen()) << "the ring is around it";
+    list->verticalScrollBar()->setValue(list->verticalScrollBar()->maximum());
+    page->list()->setFocus();
+    list->setFocus(Qt::MouseFocusReason);
+    EXPECT_FALSE(isSeen()) << "what is clicked stays below the pointer";
+}
+
 TEST_F(NotesFocus, TheOpenNoteStaysSelected)
 {
     add({"one"});

@@ -149,6 +149,27 @@ TEST_F(ShellTest, AssistiveTechnologyChoosesAPage)
     EXPECT_EQ(test.model.store().setting("module"), "settings");
 }
 
+TEST_F(ShellTest, TheChosenPageIsSeenWhereTheSidebarHasToScroll)
+{
+    window.show();
+    const QSize small = window.minimumSize();
+    for (SidebarRow* each : window.findChildren<SidebarRow*>())
+        each->setMinimumHeight(80); // as large fonts would
+    window.resize(small);
+    const auto isSeen = [this](Module module) {
+        const SidebarRow* chosen = row(module);
+        return QTest::qWaitFor([chosen] { return chosen->visibleRegion() == QRegion(chosen->rect()); }, 1000);
+    };
+    test.model.setSelection(Module::settings);
+    EXPECT_TRUE(isSeen(Module::settings));
+    test.model.setSelection(Module::calculator);
+    EXPECT_TRUE(isSeen(Module::calculator));
+    window.resize(small.width(), 900);
+    test.model.setSelection(Module::settings);
+    window.resize(small);
+    EXPECT_TRUE(isSeen(Module::settings));
+}
+
 TEST_F(ShellTest, TheSidebarIsReadBeforeThePage)
 {
     show();
