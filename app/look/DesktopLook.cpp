@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QPixmapCache>
+#include <QStyleHints>
 #include <QToolTip>
 
 namespace zelta {
@@ -37,6 +38,7 @@ DesktopLook::DesktopLook(QApplication& application)
     apply();
     application.installEventFilter(this);
     connect(m_portal, &SettingsPortal::colorSchemeChanged, this, &DesktopLook::apply);
+    connect(m_portal, &SettingsPortal::caretBlinkChanged, this, &DesktopLook::applyCaretBlink);
     m_portal->ask();
 }
 
@@ -49,6 +51,8 @@ bool DesktopLook::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::ApplicationPaletteChange && watched == parent() && !m_isApplying)
         readDesktopPalette();
+    else if (event->type() == QEvent::KeyPress && QToolTip::isVisible())
+        QToolTip::hideText(); // it would lie over what is typed, and tell what was there before
     return QObject::eventFilter(watched, event);
 }
 
@@ -72,6 +76,12 @@ void DesktopLook::apply()
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
     m_isApplying = false;
+}
+
+void DesktopLook::applyCaretBlink()
+{
+    constexpr int asThePlatformSays = -1;
+    QGuiApplication::styleHints()->setCursorFlashTime(m_portal->caretBlinks() ? asThePlatformSays : 0);
 }
 
 } // namespace zelta

@@ -9,7 +9,7 @@ namespace zelta {
 class SettingsPortal;
 
 /// Dresses the application: style, fonts, palette; light or dark as the desktop is, also while the program
-/// runs.
+/// runs. Carets stand still where the desktop wants that, and a tool tip goes with the next key.
 ///
 /// The desktop says so by the palette that Qt starts with or changes to; where that palette is light because
 /// nobody has set one, by the settings portal, which is asked at once and never waited for.
@@ -28,6 +28,7 @@ public:
 private:
     void readDesktopPalette();
     void apply();
+    void applyCaretBlink();
 
     bool m_paletteIsDark = false;
     bool m_isApplying = false;

@@ -13,12 +13,36 @@ namespace {
 
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const auto colorSchemeKey = QStringLiteral("color-scheme");
+const auto interfaceGroup = QStringLiteral("org.gnome.desktop.interface");
+const auto caretBlinkKey = QStringLiteral("cursor-blink");
+const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto portalInterface = QStringLiteral("org.freedesktop.portal.Settings");
 
 /// Without an address the bus library would start a bus of its own, which is slow and useless.
 bool hasSessionBus()
 {
     return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
         || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+}
+
+QDBusPendingCall question(const QString& group, const QString& key)
+{
+    QDBusMessage message
+        = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"), portalPath,
+                                         portalInterface, QStringLiteral("Read"));
+    message << group << key;
+    return QDBusConnection::sessionBus().asyncCall(message);
+}
+
+/// Nothing when the portal does not know.
+QVariant answered(const QDBusPendingCall& call)
+{
+    const QDBusPendingReply<QDBusVariant> reply = call;
+    if (reply.isError())
+        return {};
+    // Old portals wrap the value twice.
+    const QVariant value = reply.value().variant();
+    return value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant() : value;
 }
 
 } // namespace
@@ -36,25 +60,27 @@ void SettingsPortal::settingChanged(const QString& group, const QString& key, co
 {
     if (group == appearanceGroup && key == colorSchemeKey)
         setColorScheme(value.variant());
+    else if (group == interfaceGroup && key == caretBlinkKey)
+        setCaretBlinks(value.variant());
 }
 
 void SettingsPortal::ask()
 {
     if (!hasSessionBus())
         return;
-    const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
-    const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
     // A slot's types are found by name, and nobody has named this one yet: the signal would be refused.
     qRegisterMetaType<QDBusVariant>();
-    QDBusConnection bus = QDBusConnection::sessionBus();
     // No sender's name: resolving one would wait for the bus.
-    bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
-    QDBusMessage question = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
-                                                           path, interface, QStringLiteral("Read"));
-    question << appearanceGroup << colorSchemeKey;
-    m_answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    QDBusConnection::sessionBus().connect(QString(), portalPath, portalInterface,
+                                          QStringLiteral("SettingChanged"), this,
+                                          SLOT(settingChanged(QString, QString, QDBusVariant)));
+    m_answer = new QDBusPendingCallWatcher(question(appearanceGroup, colorSchemeKey), this);
     connect(m_answer, &QDBusPendingCallWatcher::finished, this, &SettingsPortal::readAnswer);
+    const auto* blink = new QDBusPendingCallWatcher(question(interfaceGroup, caretBlinkKey), this);
+    connect(blink, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* answer) {
+        answer->deleteLater();
+        setCaretBlinks(answered(*answer));
+    });
 }
 
 void SettingsPortal::hear()
@@ -69,14 +95,8 @@ void SettingsPortal::readAnswer()
     if (answer == nullptr)
         return; // heard before
     answer->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *answer;
-    if (reply.isError())
-        return;
-    // Old portals wrap the value twice.
-    QVariant value = reply.value().variant();
-    if (value.canConvert<QDBusVariant>())
-        value = value.value<QDBusVariant>().variant();
-    setColorScheme(value);
+    if (const QVariant value = answered(*answer); value.isValid())
+        setColorScheme(value);
 }
 
 void SettingsPortal::setColorScheme(const QVariant& value)
@@ -89,6 +109,15 @@ void SettingsPortal::setColorScheme(const QVariant& value)
         return;
     m_colorScheme = scheme;
     Q_EMIT colorSchemeChanged();
+}
+
+void SettingsPortal::setCaretBlinks(const QVariant& value)
+{
+    const bool blinks = value.typeId() != QMetaType::Bool || value.toBool();
+    if (blinks == m_caretBlinks)
+        return;
+    m_caretBlinks = blinks;
+    Q_EMIT caretBlinkChanged();
 }
 
 } // namespace zelta

@@ -8,7 +8,8 @@ class QDBusPendingCallWatcher;
 namespace zelta {
 
 /// What the desktop's settings portal says about light and dark ("org.freedesktop.appearance",
-/// "color-scheme"). Nobody waits for the answer; a desktop without a portal simply never gives one.
+/// "color-scheme") and about blinking carets ("org.gnome.desktop.interface", "cursor-blink"). Nobody waits
+/// for the answers; a desktop without a portal simply never gives one.
 class SettingsPortal : public QObject
 {
     Q_OBJECT
@@ -28,8 +29,12 @@ public:
     /// The last answer; no preference until there is one.
     [[nodiscard]] ColorScheme colorScheme() const;
 
+    /// Whether carets may blink; they do until the desktop says no.
+    [[nodiscard]] bool caretBlinks() const { return m_caretBlinks; }
+
 Q_SIGNALS:
     void colorSchemeChanged();
+    void caretBlinkChanged();
 
 private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
@@ -37,9 +42,11 @@ private Q_SLOTS:
 private:
     void readAnswer();
     void setColorScheme(const QVariant& value);
+    void setCaretBlinks(const QVariant& value);
 
-    QDBusPendingCallWatcher* m_answer = nullptr; ///< Until it has been read.
+    QDBusPendingCallWatcher* m_answer = nullptr; ///< To the colour scheme, until it has been read.
     ColorScheme m_colorScheme = ColorScheme::noPreference;
+    bool m_caretBlinks = true;
 };
 
 } // namespace zelta

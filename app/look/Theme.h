@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QPalette>
 #include <algorithm>
+#include <limits>
 
 namespace zelta {
 
@@ -154,6 +155,9 @@ constexpr int smallButtonHeight = 28;
 constexpr int pillHeight = 28;
 constexpr int menuItemHeight = 28;
 constexpr int scrollBarWidth = 12; ///< an 8 px handle and 4 px to the edge
+
+/// Of a tool tip that is the only place of a whole text: until the pointer leaves. In milliseconds.
+constexpr int lastingTip = std::numeric_limits<int>::max();
 
 } // namespace Metric
 

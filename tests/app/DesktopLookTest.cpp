@@ -10,8 +10,10 @@
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QSignalSpy>
+#include <QStyleHints>
 #include <QTest>
 #include <QThread>
+#include <QToolTip>
 #include <utility>
 
 using namespace zelta;
@@ -103,6 +105,19 @@ TEST_F(DesktopLookTest, FollowsAPaletteThatChangesWhileTheProgramRuns)
     EXPECT_EQ(QApplication::palette().color(QPalette::Base), Theme::color(Token::field, Appearance::light));
 }
 
+TEST_F(DesktopLookTest, AToolTipGoesWithTheNextKey)
+{
+    const DesktopLook look(application());
+    QWidget window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QToolTip::showText(window.mapToGlobal(QPoint()), QStringLiteral("stale"), &window);
+    ASSERT_TRUE(QToolTip::isVisible());
+    QTest::keyClick(&window, Qt::Key_Shift);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000))
+        << "long before it goes by itself";
+}
+
 TEST_F(DesktopLookTest, RecoloursTextsThatAreAlreadyShown)
 {
     const DesktopLook look(application());
@@ -160,6 +175,24 @@ TEST_F(DesktopPortalTest, TurnsDarkWhenOnlyThePortalSaysSo)
     EXPECT_EQ(Theme::appearance(), Appearance::dark);
     portal->setColorScheme(0);
     EXPECT_TRUE(becomes(Appearance::light));
+}
+
+TEST_F(DesktopPortalTest, LetsCaretsStandStillWhereTheDesktopWantsIt)
+{
+    const int usual = QGuiApplication::styleHints()->cursorFlashTime();
+    ASSERT_GT(usual, 0);
+    const auto becomes = [](int time) {
+        return QTest::qWaitFor([time] { return QGuiApplication::styleHints()->cursorFlashTime() == time; });
+    };
+    portal->setCaretBlinks(false);
+    const DesktopLook look(application());
+    EXPECT_TRUE(becomes(0));
+    portal->setCaretBlinks(true);
+    EXPECT_TRUE(becomes(usual));
+    portal->setCaretBlinks(false);
+    EXPECT_TRUE(becomes(0));
+    portal->setCaretBlinks(true);
+    EXPECT_TRUE(becomes(usual));
 }
 
 TEST_F(DesktopPortalTest, HearsOfTheColourSchemeOnly)

@@ -11,7 +11,7 @@ const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto connectionName = QStringLiteral("stand-in portal");
 
-QVariant variant(unsigned value)
+QVariant variant(const QVariant& value)
 {
     return QVariant::fromValue(QDBusVariant(value));
 }
@@ -52,10 +52,21 @@ void StandInPortal::setColorScheme(unsigned colorScheme)
     tell(QStringLiteral("color-scheme"), colorScheme);
 }
 
+void StandInPortal::setCaretBlinks(bool blinks)
+{
+    m_caretBlinks = blinks;
+    tell(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("cursor-blink"), blinks);
+}
+
 void StandInPortal::tell(const QString& key, unsigned value)
 {
+    tell(QStringLiteral("org.freedesktop.appearance"), key, value);
+}
+
+void StandInPortal::tell(const QString& group, const QString& key, const QVariant& value)
+{
     QDBusMessage signal = QDBusMessage::createSignal(path, interface, QStringLiteral("SettingChanged"));
-    signal << QStringLiteral("org.freedesktop.appearance") << key << variant(value);
+    signal << group << key << variant(value);
     m_bus.send(signal);
 }
 
@@ -69,8 +80,9 @@ bool StandInPortal::handleMessage(const QDBusMessage& message, const QDBusConnec
 {
     if (message.interface() != interface || message.member() != QStringLiteral("Read"))
         return false;
-    const QVariant answer = QVariant::fromValue(QDBusVariant(variant(m_colorScheme)));
-    return connection.send(message.createReply(answer));
+    const bool isCaret = message.arguments().constLast() == QStringLiteral("cursor-blink");
+    const QVariant answer = isCaret ? QVariant(m_caretBlinks) : QVariant(m_colorScheme);
+    return connection.send(message.createReply(variant(variant(answer))));
 }
 
 } // namespace zelta::test

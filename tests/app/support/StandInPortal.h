@@ -24,6 +24,9 @@ public:
     /// Changes the setting and tells everybody, as a portal does.
     void setColorScheme(unsigned colorScheme);
 
+    /// The same for the carets of text fields.
+    void setCaretBlinks(bool blinks);
+
     /// Tells everybody of another setting of the appearance.
     void tell(const QString& key, unsigned value);
 
@@ -31,9 +34,12 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
+    void tell(const QString& group, const QString& key, const QVariant& value);
+
     QProcess m_daemon;
     QDBusConnection m_bus;
     unsigned m_colorScheme;
+    bool m_caretBlinks = true;
     bool m_isReady = false;
 };
 
