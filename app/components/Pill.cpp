@@ -56,7 +56,7 @@ void Pill::paintEvent(QPaintEvent* /*event*/)
     const QRectF area = rect();
     if (isChecked())
         Surface::draw(painter, area, radius, Theme::fill(m_module));
-    if (isDown() || !isChecked())
+    else
         Surface::drawPress(painter, area, radius, Surface::pressOf(*this));
     const QColor ink = Theme::color(isChecked() ? Theme::Token::onAccent : Theme::Token::text);
     Symbols::draw(painter, QRectF(before, 0, symbolSize, height()), m_tab.symbol, symbolSize, ink);

@@ -128,6 +128,7 @@ ResultLine::ResultLine(QWidget* parent)
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
     setAttribute(Qt::WA_Hover);
+    setToolTipDuration(Metric::lastingTip);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
@@ -254,7 +255,7 @@ bool ResultLine::event(QEvent* event)
         const auto showElided = [&](const Text& text, const QRect& place) {
             if (!place.contains(help->pos()) || text.width() <= place.width())
                 return false;
-            QToolTip::showText(help->globalPos(), text.text(), this, place);
+            QToolTip::showText(help->globalPos(), text.text(), this, place, Metric::lastingTip);
             return true;
         };
         if (showElided(m_label, m_places.label) || showElided(m_note, m_places.note))

@@ -69,6 +69,7 @@ CalculatorDisplay::CalculatorDisplay(QWidget* parent)
 {
     QAccessible::installFactory(makeInterface); // once; more often does nothing
     setFocusPolicy(Qt::TabFocus);
+    setToolTipDuration(Metric::lastingTip);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     for (Label* label : {m_expressionLabel, static_cast<Label*>(m_numberLabel)})
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -10,10 +10,11 @@
 #include "app/model/Text.h"
 
 #include <QAction>
-#include <QEvent>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStringList>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -40,6 +41,7 @@ TapeLine::TapeLine(QWidget* parent)
     setAttribute(Qt::WA_Hover);
     setCursor(Qt::PointingHandCursor);
     setContextMenuPolicy(Qt::ActionsContextMenu);
+    setToolTipDuration(Metric::lastingTip);
     setFixedHeight(lineHeight);
 }
 
@@ -69,28 +71,49 @@ QSize TapeLine::minimumSizeHint() const
     return sizeHint();
 }
 
+TapeLine::Texts TapeLine::fitted() const
+{
+    const QRect place(bleed, 0, m_textWidth, height());
+    const QFontMetrics metrics(Theme::font(Theme::FontRole::body));
+    const QFontMetrics resultMetrics(Theme::font(Theme::FontRole::bodyBold));
+    const QString expression = toQt(m_entry.expression);
+    // Where both are too long, the result gets the larger share.
+    const int resultRoom
+        = std::max(place.width() - textGap - metrics.horizontalAdvance(expression), place.width() * 3 / 5);
+    const QString result = resultMetrics.elidedText(text(), Qt::ElideMiddle, resultRoom);
+    const int resultWidth = resultMetrics.horizontalAdvance(result);
+    const QRect left = place.adjusted(0, 0, -resultWidth - textGap, 0);
+    return {metrics.elidedText(expression, Qt::ElideRight, left.width()), left, result,
+            place.adjusted(place.width() - resultWidth, 0, 0, 0)};
+}
+
+/// Over an expression that is cut the whole line is shown; elsewhere the hover help says what a click does.
+bool TapeLine::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const Texts shown = fitted();
+        if (shown.expressionPlace.contains(help->pos()) && shown.expression != toQt(m_entry.expression)) {
+            QToolTip::showText(help->globalPos(), tapeLineText(m_entry), this, shown.expressionPlace,
+                               Metric::lastingTip);
+            return true;
+        }
+    }
+    return QAbstractButton::event(event);
+}
+
 void TapeLine::paintEvent(QPaintEvent* /*event*/)
 {
+    constexpr int place = Qt::AlignVCenter | Qt::TextSingleLine;
     QPainter painter(this);
     Surface::drawPress(painter, rect(), Metric::controlRadius, Surface::pressOf(*this));
-
-    const QRect texts(bleed, 0, m_textWidth, height());
-    const QFont font = Theme::font(Theme::FontRole::body);
-    const QFont resultFont = Theme::font(Theme::FontRole::bodyBold);
-    const QString expression = toQt(m_entry.expression);
-    const int expressionWidth = QFontMetrics(font).horizontalAdvance(expression);
-    // Where both are too long, the result gets the larger share.
-    const int resultRoom = std::max(texts.width() - textGap - expressionWidth, texts.width() * 3 / 5);
-    const QString result = QFontMetrics(resultFont).elidedText(text(), Qt::ElideMiddle, resultRoom);
-    painter.setFont(resultFont);
+    const Texts shown = fitted();
+    painter.setFont(Theme::font(Theme::FontRole::bodyBold));
     painter.setPen(Theme::ink(Module::calculator));
-    painter.drawText(texts, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, result);
-
-    const int room = texts.width() - QFontMetrics(resultFont).horizontalAdvance(result) - textGap;
-    painter.setFont(font);
+    painter.drawText(shown.resultPlace, Qt::AlignRight | place, shown.result);
+    painter.setFont(Theme::font(Theme::FontRole::body));
     painter.setPen(Theme::color(Theme::Token::textSecondary));
-    painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     QFontMetrics(font).elidedText(expression, Qt::ElideRight, room));
+    painter.drawText(shown.expressionPlace, Qt::AlignLeft | place, shown.expression);
     if (Surface::showsFocus(*this))
         Surface::drawFocusRing(painter, rect(), Metric::controlRadius);
 }

@@ -4,6 +4,8 @@
 #include "core/Calculator.h"
 
 #include <QAbstractButton>
+#include <QRect>
+#include <QString>
 #include <deque>
 #include <vector>
 
@@ -37,9 +39,20 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// What is shown of the two texts, one at each end of the line.
+    struct Texts
+    {
+        QString expression;
+        QRect expressionPlace;
+        QString result;
+        QRect resultPlace;
+    };
+    [[nodiscard]] Texts fitted() const;
+
     Calculator::TapeEntry m_entry;
     int m_textWidth = 0;
 };

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QToolTip>
 
 namespace zelta {
 namespace {
@@ -56,6 +58,24 @@ TEST(CalculatorTapePanel, BringsBackAllDigitsOfAResult)
     QTest::mouseClick(stage.lines().front(), Qt::LeftButton);
     stage.type("\r");
     EXPECT_EQ(stage.display(), "5.3333333333") << "the pending operation survives";
+}
+
+TEST(CalculatorTapePanel, ShowsAnElidedExpressionInTheHoverHelp)
+{
+    Stage stage;
+    stage.type("123456789012345*987654321098765\r1+1\r");
+    const auto helpOver = [](TapeLine* line, int x) {
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, QPoint(x, 10), line->mapToGlobal(QPoint(x, 10)));
+        QApplication::sendEvent(line, &help);
+        return QToolTip::text();
+    };
+    TapeLine* whole = stage.lines()[0];
+    TapeLine* cut = stage.lines()[1];
+    EXPECT_EQ(helpOver(cut, TapeLine::bleed + 1), cut->accessibleName());
+    EXPECT_EQ(helpOver(cut, cut->width() - 30), cut->toolTip());
+    EXPECT_EQ(helpOver(whole, TapeLine::bleed + 1), QStringLiteral("Use 2"));
+    QToolTip::hideText();
 }
 
 TEST(CalculatorTapePanel, CopiesALineFromItsMenu)

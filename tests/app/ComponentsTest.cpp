@@ -48,6 +48,17 @@ protected:
 
 } // namespace
 
+TEST_F(PillTabsTest, AVeilIsLaidOverPillsThatAreNotChosenOnly)
+{
+    for (const auto& [index, isVeiled] : {std::pair {0, false}, {1, true}}) {
+        const QImage before = pill(index).grab().toImage();
+        pill(index).setDown(true);
+        EXPECT_EQ(pill(index).grab().toImage() != before, isVeiled)
+            << "white on a lighter fill is hard to read";
+        pill(index).setDown(false);
+    }
+}
+
 TEST_F(PillTabsTest, SelectsTheFirstTabAndTellsOfClicks)
 {
     QSignalSpy selected(&tabs, &PillTabs::selected);

@@ -84,6 +84,18 @@ TEST(DatePicker, ShowsTheMonthOfTheDate)
     EXPECT_LT(stage.tile("2026-03-02")->x(), stage.tile("2026-03-08")->x());
 }
 
+TEST(DatePicker, AVeilIsLaidOverDaysThatAreNotChosenOnly)
+{
+    const Stage stage;
+    for (const auto& [day, isVeiled] : {std::pair {"2026-03-02", false}, {"2026-03-03", true}}) {
+        DayTile* tile = stage.tile(day);
+        const QImage before = tile->grab().toImage();
+        tile->setDown(true);
+        EXPECT_EQ(tile->grab().toImage() != before, isVeiled) << "white on a lighter fill is hard to read";
+        tile->setDown(false);
+    }
+}
+
 TEST(DatePicker, AClickPicksAndCloses)
 {
     Stage stage;
