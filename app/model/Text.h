@@ -10,7 +10,13 @@ namespace zelta {
 /// surrogate pair, which UTF-8 cannot hold, becomes "?".
 inline QString toQt(std::string_view text)
 {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    constexpr std::string_view mark
+        = "\uFEFF"; // in front Qt takes it for a sign of the encoding, and drops it
+    qsizetype marks = 0;
+    for (; text.starts_with(mark); text.remove_prefix(mark.size()))
+        ++marks;
+    const QString rest = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return marks == 0 ? rest : QString(marks, QChar::ByteOrderMark) + rest;
 }
 
 inline std::string toUtf8(const QString& text)
