@@ -27,6 +27,23 @@ void onSignal(int)
     errno = error;
 }
 
+/// Qt ends the process by itself, deep below the event loop, when the X server goes. What belongs to the
+/// thread that calls exit() is destroyed while everything else still stands.
+struct SaveAtExit
+{
+    Clock* clock = nullptr; ///< While there is a window.
+
+    SaveAtExit() = default;
+    ~SaveAtExit()
+    {
+        if (clock != nullptr)
+            clock->runSaves();
+    }
+    SaveAtExit(const SaveAtExit&) = delete;
+    SaveAtExit& operator=(const SaveAtExit&) = delete;
+};
+thread_local SaveAtExit saveAtExit;
+
 } // namespace
 
 Lifetime::Lifetime(QWidget& window, Clock& clock)
@@ -40,11 +57,13 @@ Lifetime::Lifetime(QWidget& window, Clock& clock)
         [this] { QMetaObject::invokeMethod(this, &Lifetime::quitWhenSaved, Qt::QueuedConnection); });
     watchSignals();
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { m_clock.runSaves(); });
+    saveAtExit.clock = &clock;
 }
 
 Lifetime::~Lifetime()
 {
     m_clock.setSavesSettledHandler({});
+    saveAtExit.clock = nullptr;
 }
 
 bool Lifetime::eventFilter(QObject* watched, QEvent* event)

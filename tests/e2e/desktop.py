@@ -78,6 +78,10 @@ class Desktop:
         self._processes.append(process)
         return process
 
+    def end_display(self):
+        """Kills the X server, as a crash of it would."""
+        self._processes[0].kill()
+
     def _answer(self, command):
         """Starts a server that writes one line, its name, to the file descriptor given in place of {fd}."""
         reading, writing = os.pipe()

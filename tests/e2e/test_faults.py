@@ -278,6 +278,24 @@ class Faults(scenario.Scenario):
         self.wait_for(lambda: "5 compared with 6" in self.titles(), "a save after the other copy was killed")
         self.assertEqual(integrity(program.database(self.screen)), [("ok",)])
 
+    # A display that goes
+
+    def test_words_outlive_the_display(self):
+        display = desktop.Desktop()
+        self.addCleanup(display.close)
+        display.run(["xprop", "-root", "-remove", "AT_SPI_BUS"])  # the program is to be found on our bus
+        self.addCleanup(self.screen.environment.update, DISPLAY=self.screen.environment["DISPLAY"])
+        self.screen.environment["DISPLAY"] = display.environment["DISPLAY"]
+        app = self.start()
+        app.go("Notes")
+        app.click("New note")
+        app.type("last words")
+        self.wait_for(lambda: any(item.text == "last words" for item in app.shown()), "the words on the screen")
+        display.end_display()
+        self.assertEqual(app.process.wait(10), 1)
+        with contextlib.closing(self.database()) as base:
+            self.assertIn("last words", base.execute("SELECT search FROM notes").fetchone()[0])
+
     # A clock that is set
 
     def test_a_clock_that_jumps_back_delays_no_save(self):
