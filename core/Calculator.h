@@ -51,17 +51,18 @@ public:
     [[nodiscard]] Decimal value() const;
     /// What the display shows: the error text, the number being typed, or `value`.
     [[nodiscard]] std::string display() const;
-    /// The line above the display: "1,200 ×" while an operation is pending, else empty.
+    /// The line above the display: "1,200 ×" while an operation is pending, else (or after an error) empty.
     [[nodiscard]] std::string expression() const;
-    /// After a division by zero only digits, point, backspace and the clearing and loading keys do anything.
+    /// True after a division by zero, until a digit, the point, backspace, `clearEntry`, `clearAll` or
+    /// `load`. Operators, "=", percent and the sign do nothing meanwhile.
     [[nodiscard]] bool hasError() const { return m_error; }
     /// Newest first, at most 40.
     [[nodiscard]] const std::deque<TapeEntry>& tape() const { return m_tape; }
 
-    void digit(int d); ///< [0:9]; anything else is ignored, and so is a digit too many.
+    void digit(int d); ///< [0, 9]; anything else is ignored, as is a digit too many.
     void decimalPoint();
     void toggleSign();
-    /// Takes back the last typed character; a shown result becomes 0.
+    /// Takes back the last typed character; a value that was not typed becomes 0.
     void backspace();
     /// Forgets the number shown, not the pending operation.
     void clearEntry();
@@ -71,7 +72,7 @@ public:
     void operation(Operation operation);
     void equals();
     void percent();
-    /// Shows a value, which becomes the operand of the pending operation.
+    /// Shows a value: "=" completes the pending operation with it, an operator starts a new one from it.
     void load(const Decimal& value);
 
 private:

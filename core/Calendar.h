@@ -24,13 +24,13 @@ public:
     /// An unknown identifier gives the system's zone.
     explicit Calendar(std::string_view timeZoneIdentifier);
 
-    /// The zone in force: "Europe/Paris".
+    /// The zone in force: "Europe/Paris"; "/etc/localtime" where the system's zone has no name.
     [[nodiscard]] const std::string& timeZoneIdentifier() const { return m_timeZoneIdentifier; }
 
     [[nodiscard]] CivilTime civilTime(Instant instant) const;
     [[nodiscard]] CivilDay civilDay(Instant instant) const { return civilTime(instant).day; }
 
-    /// The instant with this civil time; nothing when it was skipped.
+    /// The instant with this civil time; nothing when it was skipped or an Instant cannot hold it.
     [[nodiscard]] std::optional<Instant> instant(const CivilTime& time) const;
     /// As above, but a skipped time gives the first moment after the jump if that is still on the same day.
     [[nodiscard]] std::optional<Instant> instantOrAfterJump(const CivilTime& time) const;
@@ -38,7 +38,8 @@ public:
     /// The first moment of the instant's civil day: midnight, or later where midnight was skipped.
     [[nodiscard]] Instant startOfDay(Instant instant) const;
 
-    /// The same time on the wall so many days later; nothing when the zone skipped that whole day.
+    /// The same time of day so many days later (earlier for a negative count), as `instantOrAfterJump` gives
+    /// it.
     [[nodiscard]] std::optional<Instant> addingDays(Instant instant, std::int64_t count) const;
 
     friend bool operator==(const Calendar& a, const Calendar& b)
@@ -53,8 +54,8 @@ private:
     std::shared_ptr<const Zone> m_zone;
 };
 
-/// The time zone of this system now: $TZ when it names one, else the one that /etc/localtime points to,
-/// else "UTC". Read again at each call, so that another name shows at once.
+/// The time zone of this system now: $TZ when it names one, else the one that /etc/localtime points to, else
+/// that file itself where it is a copy, else "UTC". Read again at each call, so that a change shows at once.
 std::string systemTimeZoneId();
 
 } // namespace zelta

@@ -15,7 +15,7 @@ namespace zelta {
 struct DayCell
 {
     std::string key; ///< "2026-03-07"; identifies the cell.
-    Instant date {};
+    Instant date {}; ///< A moment of the day, as a rule its start.
     int dayNumber = 0; ///< [1, 31]
     int monthNumber = 0; ///< [1, 12]
     bool inPeriod = false; ///< Belongs to the month that is shown, not to a neighbour of it.

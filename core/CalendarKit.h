@@ -48,7 +48,8 @@ std::optional<Instant> makeDate(int day, int month, std::int64_t year, int hour,
 
 Instant startOfDay(Instant date, const Calendar& calendar);
 
-/// The civil day that `date` has in one calendar, as a date of another. Where there is no such day, `date`.
+/// The start in `to` of the civil day that `date` has in `from`; `date` itself where both calendars have the
+/// same zone, or `to` has no such day.
 Instant sameDay(Instant date, const Calendar& from, const Calendar& to);
 
 int weekday(Instant date, const Calendar& calendar);

@@ -31,8 +31,8 @@ struct CivilDay
 /// Days from one civil day to another; negative when the second is the earlier one.
 std::int64_t daysBetween(const CivilDay& from, const CivilDay& to);
 
-/// Whole months from one civil day to another, not earlier one: the most that can be added to `from`
-/// without passing `to`.
+/// Whole months from one civil day to a later one or the same: the most that can be added to `from` without
+/// passing `to`.
 std::int64_t monthsBetween(const CivilDay& from, const CivilDay& to);
 
 /// What a clock on the wall shows, with the day it shows it on.

@@ -12,7 +12,7 @@
 namespace zelta {
 
 /// The span between two dates. Counts follow calendar days, so that leap days and changes of daylight
-/// saving never shift them; the time that really passed is told beside them, never instead of them.
+/// saving never shift them; the time that really passed is given beside them.
 ///
 ///     2 March to 15 April 2026, end date not included, in Europe/Paris: 44 days, "1 month, 13 days",
 ///     32 workdays, and one hour less than 44 times 24 because the clocks went forward on 29 March.
@@ -37,7 +37,7 @@ struct Duration
     std::int64_t weekendDays = 0;
     std::int64_t elapsedSeconds = 0; ///< Real time from `start` to `effectiveEnd`.
 
-    /// The real time is not a multiple of 24 hours for each day: the clocks were changed.
+    /// The real time is not 24 hours for each day, because the clocks were changed.
     [[nodiscard]] bool hasDSTShift() const;
     /// "1 year, 2 months, 3 days"; "0 days" for an empty span.
     [[nodiscard]] std::string calendarPhrase() const;
@@ -53,7 +53,7 @@ struct Duration
 /// month, without passing the end; so `years` × 12 + `months` is always `totalMonths`.
 Duration duration(Instant start, Instant end, const DateOptions& options);
 
-/// Weekend days among so many consecutive days from `first` on. Takes the same time for any number.
+/// Weekend days among so many consecutive days from `first` on; 0 for less than one day. Constant time.
 std::int64_t countWeekendDays(std::int64_t days, Instant first, const WeekendRule& rule,
                               const Calendar& calendar);
 

@@ -7,7 +7,7 @@
 
 namespace zelta {
 
-/// What a span or a month is computed under.
+/// The settings under which a span or a month is computed.
 struct DateOptions
 {
     bool includeEndDate = false; ///< The end date itself is counted.

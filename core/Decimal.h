@@ -20,8 +20,8 @@ enum class Rounding {
     bankers ///< To the nearer one, a tie to the even digit.
 };
 
-/// A decimal floating number: sign, mantissa of up to 38 significant digits, exponent of ten from -128 to
-/// 127. What people type is held exactly (0.1 + 0.2 is 0.3), and each operation works out its exact result
+/// A decimal floating-point number: sign, mantissa of up to 38 significant digits, exponent of ten from -128
+/// to 127. What people type is held exactly (0.1 + 0.2 is 0.3), and each operation works out its exact result
 /// first and rounds it once, half away from zero, to 38 digits:
 ///
 ///     2_dec / 3_dec            0.66666666666666666666666666666666666667

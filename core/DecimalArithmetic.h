@@ -15,7 +15,7 @@ namespace zelta {
 
 namespace detail {
 
-/// 10^n / 2 at [n], ready to divide by; n in [1:38].
+/// 10^n / 2 at [n], ready to divide by; n in [1, 38].
 inline constexpr auto halfPowersOfTen = []<std::size_t... n>(std::index_sequence<n...>)
 {
     return std::array {WideDivisor(n == 0 ? 1 : powersOfTen[n] / 2)...};

@@ -13,7 +13,7 @@ namespace zelta {
 /// std::string_view>, N> all`.
 template <class E> struct EnumerationTable;
 
-/// The stored text of a case: `rawValue(Weight::headline)` is "headline".
+/// The stored text of a case: `rawValue(Weight::headline)` is "headline". Empty for a value that is no case.
 template <class E> constexpr std::string_view rawValue(E value)
 {
     for (const auto& [candidate, text] : EnumerationTable<E>::all) {

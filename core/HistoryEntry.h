@@ -12,8 +12,8 @@ struct HistoryEntry
 {
     std::int64_t id = 0; ///< Row id; 0 until the store has assigned one.
     Instant createdAt {};
-    std::string
-        module; ///< Stored name of the page that produced it; may be a name this version does not know.
+    /// Stored name of the page that produced it; may be a name that this version does not know.
+    std::string module;
     std::string title;
     std::string summary; ///< One line: "Total days: 44".
     std::string detail; ///< All result lines, separated by line feeds.

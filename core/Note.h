@@ -42,7 +42,7 @@ struct Note
     /// The blocks' texts as they are, with a blank line between two.
     [[nodiscard]] std::string plainText() const;
 
-    /// Number of pieces of the plain text between white space.
+    /// Number of words: runs of anything but white space in the plain text.
     [[nodiscard]] std::int64_t wordCount() const;
 
     /// What a search looks through: title, line feed, plain text, in lower case.
@@ -53,8 +53,9 @@ struct Note
     [[nodiscard]] std::string encodedBlocks() const;
 
     /// Reads what `encodedBlocks` wrote, or any RFC 8259 array of at least one object with a string "id" that
-    /// is a UUID and a string "text", in any order and beside any other members. Every other text becomes one
-    /// new block holding it unchanged, so that nothing is lost.
+    /// is a UUID and a string "text", in any order and beside any other members. Every other text, and one
+    /// beyond the parser's limits (an integer or double out of range, half a surrogate pair, 1,024 levels),
+    /// becomes one new block holding it unchanged, so that nothing is lost.
     static std::vector<NoteBlock> decodeBlocks(std::string_view text);
 
     friend bool operator==(const Note&, const Note&) = default;

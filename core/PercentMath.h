@@ -12,7 +12,7 @@
 ///     PercentMath::change(200, 15).rows();         // 230 (+30), 170 (−30), 30, 173.913043, 235.294118
 ///
 /// Percentages show up to 4 places, amounts up to 6. A question without an answer (dividing by zero) gives
-/// nothing, and its row says so in words; nothing here fails.
+/// nothing; its row says "undefined", shows "—" or is left out. A result out of range is shown as "NaN".
 namespace zelta::PercentMath {
 
 /// Two numbers side by side: X, the part or the starting point, and Y, the whole or the comparison.

@@ -8,11 +8,11 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-/// SQLite's C interface as two owners: a connection and a statement. Errors are thrown as `StoreError` where
-/// the C function has no result but success, and returned where the caller has to look.
+/// SQLite's C interface as two owners: a connection and a statement. Opening, executing and preparing throw
+/// `StoreError`; a step returns its failure, and `Connection::errorMessage` has the text.
 namespace zelta::sqlite {
 
-/// What went wrong, for the log: "Database error: database is locked".
+/// What went wrong; the description reads "Database error: database is locked".
 struct StoreError
 {
     enum class Kind { open, sql };
@@ -53,7 +53,8 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
 };
 
-/// An open database, or none: a default-constructed one has no handle, and everything asked of it fails.
+/// An open database, or none: a default-constructed one has no handle. Without one statements and scripts
+/// fail, and a function that needs a handle must not be called.
 class Connection
 {
 public:
@@ -64,7 +65,7 @@ public:
     /// until `waitForLocks`. Throws StoreError.
     static Connection open(const std::string& path);
 
-    /// Lets every statement from now on wait for a lock, for at most so many milliseconds.
+    /// Lets every statement from now on wait for a lock, for at most so many milliseconds. Needs a handle.
     void waitForLocks(int milliseconds);
 
     /// Runs a script without parameters. Throws StoreError.

@@ -18,11 +18,11 @@ namespace zelta {
 /// Everything that outlives a run: settings, history and notes, in one SQLite file. Each operation is one
 /// statement, so it happens whole or not at all, and once it has returned true it survives the end of the
 /// process however that comes. A file that cannot be opened is replaced by a database in memory, so that the
-/// program works on and only forgets at its end.
+/// program goes on, and forgets only when it ends.
 ///
-/// No operation throws. One that fails returns false, nothing or an empty list and leaves its text in
-/// `lastError()`; a read that breaks off under way gives the rows so far, and no text. All may be called from
-/// any thread; a lock that another process holds is waited for up to one second.
+/// No operation throws. One that fails returns false, nothing or an empty list and leaves the reason in
+/// `lastError()`; a read that breaks off under way gives the rows so far, and no reason. All may be called
+/// from any thread. One that meets another process's lock waits for at most one second.
 class Store
 {
 public:
@@ -38,6 +38,7 @@ public:
     bool addHistory(const HistoryEntry& entry);
     /// Newest first, by time, then id; a limit below 1 reads 1.
     std::vector<HistoryEntry> history(std::int64_t limit);
+    /// True also when no entry has the id.
     bool deleteHistory(std::int64_t id);
     bool clearHistory();
 
@@ -45,6 +46,7 @@ public:
     std::optional<Note> createNote(const Note& note);
     /// Writes blocks and `updatedAt`; the time of creation stays. True also when no note has the id.
     bool updateNote(const Note& note);
+    /// True also when no note has the id.
     bool deleteNote(std::int64_t id);
     /// Most recently updated first, by time, then id; a limit below 1 reads 1. A search text, trimmed and in
     /// lower case, selects the notes whose title or text contains it; % and _ in it match any run and any one
@@ -55,7 +57,8 @@ public:
     std::optional<Note> note(std::int64_t id);
 
     std::optional<std::string> setting(std::string_view key);
-    /// True for "1" and for "true" in any letter case, false for any other text.
+    /// True for "1" and for "true" in any letter case, false for any other text; `fallback` where there is
+    /// none.
     bool setting(std::string_view key, bool fallback);
     bool setSetting(std::string_view key, std::string_view value);
     /// Stored as "1" or "0". Only for a bool itself: a string literal would rather become one than a view.
@@ -68,7 +71,7 @@ public:
     const std::filesystem::path& url() const { return m_url; }
     /// False when all is kept in memory only.
     bool isPersistent() const { return m_isPersistent; }
-    /// Text of the most recent failure; a later success does not clear it.
+    /// Reason for the most recent failure; a later success does not clear it.
     std::optional<std::string> lastError() const;
 
 private:

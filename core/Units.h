@@ -58,8 +58,8 @@ std::optional<UnitDef> unit(std::string_view id, UnitKind kind);
 /// rounded to 38 digits. Only temperatures apply offsets. Nothing when the target's factor is zero.
 std::optional<Decimal> convert(const Decimal& value, const UnitDef& from, const UnitDef& to, UnitKind kind);
 
-/// A converted value as it is shown: 6 decimal places, for a magnitude below 1 one more for each zero
-/// before its first digit and one for that digit, 24 at most: 0.6213712, 0.000000001, "1,852".
+/// A converted value as it is shown: 6 digits after the point, or below 1 after the first digit that is not
+/// 0; never more than 24 after the point: "0.6213712", "0.000000001", "1,852".
 std::string figure(const Decimal& value);
 
 /// The kind's common conversions; the first one is where the converter starts.

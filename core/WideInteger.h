@@ -19,7 +19,7 @@ struct UInt256
     UInt128 low = 0;
 };
 
-/// 10^n at [n], n in [0:38].
+/// 10^n at [n], n in [0, 38].
 inline constexpr auto powersOfTen = [] {
     std::array<UInt128, 39> powers {1};
     for (std::size_t n = 1; n < powers.size(); ++n)
@@ -27,7 +27,7 @@ inline constexpr auto powersOfTen = [] {
     return powers;
 }();
 
-/// 10^n, n in [0:38].
+/// 10^n, n in [0, 38].
 constexpr UInt128 powerOfTen(int n)
 {
     assert(n >= 0 && static_cast<std::size_t>(n) < powersOfTen.size());
@@ -94,7 +94,7 @@ struct WideQuotient
 class WideDivisor
 {
 public:
-    /// The divisor is not 0.
+    /// The divisor must not be 0.
     constexpr explicit WideDivisor(UInt128 divisor)
         : m_shift(128 - bitWidth(divisor))
         , m_divisor(divisor << m_shift)
@@ -103,7 +103,7 @@ public:
         assert(divisor != 0);
     }
 
-    /// The quotient fits 128 bits: the dividend's high half is below the divisor.
+    /// The quotient must fit 128 bits: the dividend's high half is below the divisor.
     [[nodiscard]] constexpr WideQuotient divide(UInt256 dividend) const
     {
         assert(dividend.high < m_divisor >> m_shift);

@@ -5,8 +5,8 @@
 
 namespace zelta {
 
-/// Places a widget beyond the room that a layout gives it, which has its margins for texts: lines reach
-/// further, for the shade below the mouse. Margins of a layout itself cannot be negative.
+/// Lets a widget reach beyond the room that its layout gives it. The layout's margins align texts; the shade
+/// of a hovered line extends past its text, and a layout's own margins cannot be negative.
 class BleedingItem final : public QWidgetItem
 {
 public:

@@ -8,8 +8,8 @@ namespace zelta {
 /// Replaces what is on the clipboard by this plain text.
 void copyText(const QString& text);
 
-/// Whether there is a text in what is offered, by a clipboard or by dragging; some owners have it in one
-/// encoding only, which Qt reads and does not count as text.
+/// Whether a clipboard or a drag offers text. Some owners offer it as "text/plain;charset=utf-8" only, which
+/// Qt reads as text but leaves out of `QMimeData::hasText`.
 bool offersText(const QMimeData* offered);
 
 } // namespace zelta

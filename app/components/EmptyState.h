@@ -12,7 +12,7 @@ class EmptyState : public QWidget
     Q_OBJECT
 
 public:
-    /// `keptAbove` is what the card keeps free above it already.
+    /// `keptAbove` is how many of these 28 px the card keeps free already.
     EmptyState(std::string_view symbol, const QString& title, const QString& text, QWidget* parent = nullptr,
                int keptAbove = 0);
 };

@@ -21,8 +21,8 @@ public:
     /// without a label, such as a swap button, starts there.
     static int fieldTop();
 
-    /// `label` is the field's accessible name as well, `explanation` its description, until a warning is; an
-    /// empty one is left out.
+    /// `label` is also the field's accessible name, and `explanation` its description while no warning is
+    /// shown. Either may be empty and is then left out.
     NumberField(const QString& label, const QString& explanation, QWidget* parent = nullptr);
 
     [[nodiscard]] QString text() const;

@@ -6,7 +6,7 @@ namespace zelta {
 
 /// A drop-down choice: the name at the left, an optional quieter second column (a unit's symbol) at the
 /// right, which is also its accessible description. `activated` tells of the person's choice;
-/// `setCurrentIndex` makes no such signal.
+/// `setCurrentIndex` does not emit it.
 class Picker : public QComboBox
 {
     Q_OBJECT

@@ -19,7 +19,7 @@ class PillTabs : public QWidget
 public:
     struct Tab
     {
-        QString value; ///< what `selection` tells, such as a stored text
+        QString value; ///< what `selection` returns, such as a stored text
         QString label;
         std::string symbol;
     };

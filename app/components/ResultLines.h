@@ -29,9 +29,9 @@ public:
     void setTexts(std::span<const std::string> texts);
     [[nodiscard]] std::span<const ResultRow> rows() const { return m_rows; }
 
-    /// Appends the lines to a card's column. They reach a little beyond it on both sides, for the hovered
-    /// line's shade, and `above` and `below` into the room around them, because a line is higher than its
-    /// text.
+    /// Appends the lines to a card's column. They reach beyond it by `ResultLine::bleed` on both sides, for
+    /// the hovered line's shade, and by `above` and `below` pixels at top and bottom, because a line is
+    /// higher than its text.
     void addTo(QVBoxLayout* column, int above, int below);
 
     /// Marks something else that copies these lines, under a key that is no label.

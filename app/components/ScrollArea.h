@@ -4,8 +4,7 @@
 
 namespace zelta {
 
-/// Scrolls up and down what is as wide as itself, on the ground that it stands on. It is no stop of the Tab
-/// key.
+/// Scrolls content of its own width up and down, on its parent's background. Not a tab stop.
 class ScrollArea : public QScrollArea
 {
     Q_OBJECT

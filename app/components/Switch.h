@@ -5,8 +5,8 @@
 namespace zelta {
 
 /// A check box drawn as a switch. Its label and caption stand beside it as texts of their own and are its
-/// accessible name and description. `toggled(bool)` tells of each change: assistive technology switches it
-/// without a click.
+/// accessible name and description. Connect `toggled`, not `clicked`: assistive technology switches
+/// it without a click.
 class Switch : public QCheckBox
 {
     Q_OBJECT

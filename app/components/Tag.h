@@ -23,7 +23,7 @@ public:
 
     explicit Tag(const Shape& shape, QWidget* parent = nullptr);
 
-    /// `opacity` is that of the fill, 1 for a fill that is given as it is painted.
+    /// `opacity` multiplies the fill's own.
     void setColors(Theme::Token ink, Theme::Token fill, double opacity = 1);
 
     [[nodiscard]] QSize sizeHint() const override;

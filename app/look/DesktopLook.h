@@ -8,11 +8,11 @@ namespace zelta {
 
 class SettingsPortal;
 
-/// Dresses the application: style, fonts, palette; light or dark as the desktop is, also while the program
-/// runs. Carets stand still where the desktop wants that, and a tool tip goes with the next key.
+/// Gives the application its style, fonts and palette, light or dark as the desktop is, and follows a change
+/// of that. Carets do not blink where the desktop says so; a key press hides a tool tip.
 ///
-/// The desktop says so by the palette that Qt starts with or changes to; where that palette is light because
-/// nobody has set one, by the settings portal, which is asked at once and never waited for.
+/// The desktop is dark when the palette that Qt takes from it is, or when the settings portal says so: a
+/// light palette may mean only that nobody has set one. The portal is asked at once and never waited for.
 class DesktopLook : public QObject
 {
     Q_OBJECT

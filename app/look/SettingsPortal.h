@@ -23,7 +23,7 @@ public:
     /// Asks, and listens from then on.
     void ask();
 
-    /// Takes the answer if it is there, without waiting for the event loop to bring it.
+    /// Takes the answer about light and dark if it is there, without waiting for the event loop to bring it.
     void hear();
 
     /// The last answer; no preference until there is one.

@@ -18,7 +18,7 @@ constexpr int menuItemPadding = 10;
 constexpr int menuBarItemPadding = 8;
 constexpr int shortcutGap = 24;
 
-/// A pop-up's area: where it is cut, and what is painted there.
+/// The shape that a pop-up's window is cut to, and what is painted in it.
 QRegion popupMask(const QRect& rect, double radius);
 void drawPopup(QPainter& painter, const QRect& rect);
 
@@ -27,8 +27,7 @@ void drawMenuItem(QPainter& painter, const QStyleOptionMenuItem& option);
 void drawTip(QPainter& painter, const QRect& rect);
 void drawField(QPainter& painter, const QRect& rect, bool focused);
 
-/// The handle of a scroll bar, and where it lies: as long as its share of the track, at least a thumb's
-/// length.
+/// Where a scroll bar's handle lies: as long as the visible share of the content, at least 32 px.
 QRect scrollHandle(const QStyleOptionSlider& option);
 void drawScrollBar(QPainter& painter, const QStyleOptionSlider& option);
 

@@ -12,8 +12,8 @@ namespace zelta {
 
 /// The look in one place: every colour, font and measure that a widget paints with.
 ///
-/// Nothing here is kept by a caller: a colour is asked for in `paintEvent`, so that a desktop that turns dark
-/// needs no more than a repaint.
+/// Callers ask for a colour in `paintEvent` instead of keeping it, so that a desktop that turns dark needs no
+/// more than a repaint.
 ///
 ///     painter.setPen(Theme::color(Theme::Token::textSecondary));
 ///     painter.setFont(Theme::font(Theme::FontRole::caption));
@@ -71,7 +71,7 @@ enum class Token {
     tileWeekend,
 };
 
-/// Sizes in device-independent pixels and weights of every text.
+/// What a text is for, which decides its size (in device-independent pixels) and weight.
 enum class FontRole {
     headline, ///< also the month title
     title,
@@ -98,7 +98,7 @@ enum class FontRole {
     chip, ///< day chips
 };
 
-/// How light the application's palette is now.
+/// Which of the two the application's palette is now.
 Appearance appearance();
 
 QColor color(Token token);
@@ -140,7 +140,7 @@ constexpr double badgeRadius = 0.27; ///< of the badge's side
 constexpr int smallestWindowHeight = 620;
 constexpr int windowHeight = 760; ///< the first time
 
-/// What grows with the window: `low` in the smallest, `high` from the usual one on.
+/// A measure that grows with the window: `low` at `smallestWindowHeight`, `high` from `windowHeight` on.
 constexpr int forWindow(int height, int low, int high)
 {
     return std::clamp(
@@ -156,7 +156,7 @@ constexpr int pillHeight = 28;
 constexpr int menuItemHeight = 28;
 constexpr int scrollBarWidth = 12; ///< an 8 px handle and 4 px to the edge
 
-/// Of a tool tip that is the only place of a whole text: until the pointer leaves. In milliseconds.
+/// Milliseconds for a tool tip that alone shows a text in full: it stays until the pointer leaves.
 constexpr int lastingTip = std::numeric_limits<int>::max();
 
 } // namespace Metric

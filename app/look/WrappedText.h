@@ -14,9 +14,9 @@ namespace zelta {
 
 /// A text in lines of any width, shaped once to be measured and drawn. Qt's layout shapes the whole text anew
 /// for each width, and a window's layouts ask for the height at many widths before they settle: here the
-/// words are measured on one line, and put into lines by adding. What that does not hold for is broken by Qt:
-/// right-to-left text, several fonts, tabs, soft hyphens, line separators, a word to be cut, and more than a
-/// page of text.
+/// words are measured on one line, and put into lines by adding widths. Qt breaks what that does not hold
+/// for: right-to-left text, several fonts, tabs, soft hyphens, line separators, a word to be cut, and more
+/// than a page of text.
 class WrappedText
 {
 public:
@@ -28,8 +28,9 @@ public:
         double top = 0; ///< Below the top of the text.
     };
 
-    /// How a text is broken whose words may be cut: finding the word's end anew for each line, Qt takes
-    /// minutes over one of a million characters, so that such a text is cut wherever a line is full.
+    /// How to break a text whose words may be cut. Qt looks for a word's end anew at each line, which takes
+    /// minutes for one of a million characters: with a word of over 1,000, a text is cut where a line is
+    /// full.
     static QTextOption::WrapMode cuttingMode(const QString& text);
 
     /// A `lineHeight` of 0 is the font's own. Nothing is shaped again where nothing differs.
@@ -47,7 +48,7 @@ public:
     /// What the text takes in lines of at most that width.
     [[nodiscard]] QSizeF size(double width);
 
-    /// These lines. Valid until another width is asked for.
+    /// Those lines. Valid until another width is asked for.
     [[nodiscard]] const std::vector<Line>& lines(double width);
 
     /// Draws one of them with the painter's pen, in the middle of its height.
