@@ -2,6 +2,7 @@
 
 #include <simdjson.h>
 
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -31,7 +32,12 @@ std::optional<NoteBlock> readBlock(simdjson::dom::element element)
 std::vector<NoteBlock> readBlocks(simdjson::dom::parser& parser, std::string_view json)
 {
     simdjson::dom::array array;
-    if (parser.parse(json.data(), json.size()).get(array) != simdjson::SUCCESS)
+    const simdjson::error_code error = parser.parse(json.data(), json.size()).get(array);
+    if (error == simdjson::MEMALLOC) { // says nothing about the text, and leaves the parser unusable
+        parser = simdjson::dom::parser();
+        throw std::bad_alloc();
+    }
+    if (error != simdjson::SUCCESS)
         return {};
     std::vector<NoteBlock> blocks;
     blocks.reserve(array.size());

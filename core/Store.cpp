@@ -103,6 +103,7 @@ Store::Store(std::optional<std::filesystem::path> location)
         m_lastError = error.code().message();
     }
     m_isPersistent = false;
+    m_connection = {}; // which may have the file open
     try {
         open(":memory:");
     } catch (const StoreError&) {
@@ -162,6 +163,8 @@ std::vector<Row> Store::select(std::string_view sql, std::int64_t expected, Read
             rows.push_back(read(statement));
     } catch (const StoreError& error) {
         m_lastError = error.description();
+    } catch (const std::bad_alloc&) {
+        m_lastError = "out of memory";
     }
     return rows;
 }
@@ -195,10 +198,10 @@ std::optional<Note> Store::createNote(const Note& note)
 {
     // Held over both steps, so that the id is that of this row and not of another thread's.
     const std::lock_guard guard(m_lock);
+    Note created = note; // before the row is there: a copy may find no memory
     if (!run("INSERT INTO notes (created_at, updated_at, blocks, search)\nVALUES (?, ?, ?, ?);",
              toSeconds(note.createdAt), toSeconds(note.updatedAt), note.encodedBlocks(), note.searchText()))
         return std::nullopt;
-    Note created = note;
     created.id = m_connection.lastInsertedRowId();
     return created;
 }

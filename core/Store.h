@@ -20,9 +20,10 @@ namespace zelta {
 /// process however that comes. A file that cannot be opened is replaced by a database in memory, so that the
 /// program goes on, and forgets only when it ends.
 ///
-/// No operation throws. One that fails returns false, nothing or an empty list and leaves the reason in
-/// `lastError()`; a read that breaks off under way gives the rows so far, and no reason. All may be called
-/// from any thread. One that meets another process's lock waits for at most one second.
+/// No operation throws, but for std::bad_alloc where there is no memory for what is to be written. One that
+/// fails returns false, nothing or an empty list and leaves the reason in `lastError()`; a read that breaks
+/// off under way gives the rows so far, and no reason. All may be called from any thread. One that meets
+/// another process's lock waits for at most one second.
 class Store
 {
 public:
