@@ -103,7 +103,11 @@ int ParagraphLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy)
     const QTextLine line = lines.lineAt(index);
     if (accuracy == Qt::ExactHit && !line.naturalTextRect().contains(point - area.topLeft()))
         return -1;
-    return block.position() + line.xToCursor(point.x() - area.left());
+    int position = line.xToCursor(point.x() - area.left());
+    while (position > 0
+           && !lines.isValidCursorPosition(position)) // a click may hit the middle of a character
+        --position;
+    return block.position() + position;
 }
 
 QSizeF ParagraphLayout::documentSize() const

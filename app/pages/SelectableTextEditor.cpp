@@ -7,7 +7,9 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
+#include <QStringView>
 #include <QTextBlock>
+#include <QTextBoundaryFinder>
 #include <QTextDocument>
 #include <QTextLayout>
 #include <algorithm>
@@ -34,6 +36,27 @@ bool isInsideCharacter(const QTextCursor& cursor)
 {
     const QTextBlock block = cursor.block();
     return !block.layout()->isValidCursorPosition(cursor.position() - block.position());
+}
+
+/// Whether a code point is one of those that make one picture of several: a flag's letters, a joiner, the
+/// frame of a key, tones of the skin, tags, or the choice of the coloured form.
+bool joinsPictures(char32_t point)
+{
+    return point == 0x200D || point == 0x20E3 || point == 0xFE0F || (point >= 0x1F1E6 && point <= 0x1F1FF)
+        || (point >= 0x1F3FB && point <= 0x1F3FF) || (point >= 0xE0020 && point <= 0xE007F);
+}
+
+/// How many code units before the caret are one picture of several code points; else 0.
+int pictureBefore(const QTextCursor& cursor)
+{
+    const QString text = cursor.block().text();
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    const int end = cursor.positionInBlock();
+    finder.setPosition(end);
+    const qsizetype start = std::max<qsizetype>(0, finder.toPreviousBoundary());
+    const QList<uint> points = QStringView(text).mid(start, end - start).toUcs4();
+    return points.size() > 1 && std::ranges::any_of(points, joinsPictures) ? static_cast<int>(end - start)
+                                                                           : 0;
 }
 
 } // namespace
@@ -170,6 +193,9 @@ void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
         setTextCursor(cursor);
         return;
     }
+    if (event->key() == Qt::Key_Backspace && event->modifiers() == Qt::NoModifier && !isComposing
+        && deletePicture())
+        return;
     const int before = textCursor().position();
     const int anchor = textCursor().anchor();
     QTextEdit::keyPressEvent(event);
@@ -180,6 +206,20 @@ void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
         stepToOtherLine(*event);
     else if (isStep)
         stepOutOfCharacter(*event);
+}
+
+/// Backspace takes a letter's marks one by one, but half a flag is another flag, or none. False where no
+/// picture stands before the caret.
+bool SelectableTextEditor::deletePicture()
+{
+    QTextCursor cursor = textCursor();
+    const int length = cursor.hasSelection() ? 0 : pictureBefore(cursor);
+    if (length == 0)
+        return false;
+    cursor.setPosition(cursor.position() - length, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    setTextCursor(cursor);
+    return true;
 }
 
 /// From right to left, Qt's visual movement stops at each code unit: between the halves of an emoji, or a

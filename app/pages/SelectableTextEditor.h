@@ -58,6 +58,7 @@ private:
     void applyDirection();
     void applyOption();
     void stepOverPieceBreak(const QKeyEvent& event);
+    bool deletePicture();
     void stepOutOfCharacter(const QKeyEvent& event);
     void stepToOtherLine(QKeyEvent& event);
     bool movePage(const QKeyEvent& event);

@@ -2,6 +2,7 @@
 #include "tests/app/support/ParagraphStage.h"
 #include "tests/app/support/StandInInputMethod.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QTextBlock>
@@ -130,6 +131,43 @@ TEST(ParagraphCaret, DeletesWholeCharactersFromRightToLeft)
         stage.key(Qt::Key_Left);
     stage.key(Qt::Key_Backspace);
     EXPECT_EQ(stage.editor.text(), QStringLiteral("שלום  עולם"));
+}
+
+TEST(ParagraphCaret, BackspaceTakesAPictureAsAWholeAndMarksOneByOne)
+{
+    struct Case
+    {
+        const char16_t* text;
+        int caret;
+        const char16_t* rest;
+    };
+    for (const Case& each : {Case {u"🇩🇪🇫🇷🇯🇵", 4, u"🇫🇷🇯🇵"},
+                             {u"a👨‍👩‍👧‍👦", 12, u"a"},
+                             {u"1️⃣", 3, u""},
+                             {u"👍🏿!", 4, u"!"},
+                             {u"x😀", 3, u"x"},
+                             {u"e\u0301", 2, u"e"},
+                             {u"שָ", 2, u"ש"}}) {
+        const QString text = QString::fromUtf16(each.text);
+        Stage stage(text.toStdString());
+        stage.setCaret(each.caret);
+        stage.key(Qt::Key_Backspace);
+        EXPECT_EQ(stage.editor.text(), QString::fromUtf16(each.rest)) << qPrintable(text);
+        stage.undo();
+        EXPECT_EQ(stage.editor.text(), text);
+    }
+}
+
+TEST(ParagraphCaret, AClickPutsTheCaretBetweenCharacters)
+{
+    for (const char* text : {"क्षत्रिय स्त्री", "می‌خواهم", "👨‍👩‍👧‍👦 a"}) {
+        Stage stage(text);
+        const std::set<int> boundaries = characterBoundaries(stage);
+        for (int x = 0; x < stage.editor.width(); ++x) {
+            const int hit = stage.editor.document()->documentLayout()->hitTest(QPointF(x, 8), Qt::FuzzyHit);
+            ASSERT_TRUE(boundaries.contains(hit)) << text << " at " << x;
+        }
+    }
 }
 
 TEST(ParagraphCaret, TheCaretGoesOnInTheNextLine)
