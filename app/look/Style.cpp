@@ -11,10 +11,32 @@
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QTextLayout>
+#include <algorithm>
 
 namespace zelta {
 
 using Theme::Token;
+
+namespace {
+
+/// How far above its place Qt's line edit draws a text in which a taller font stands beside the field's own:
+/// it takes the difference of the ascents off twice.
+int raisedBy(const QLineEdit& field)
+{
+    constexpr qsizetype enough = 200; // to meet each font
+    constexpr char16_t firstNotLatin = 0x250;
+    const QString text = field.text().left(enough);
+    if (std::ranges::all_of(text, [](QChar character) { return character.unicode() < firstNotLatin; }))
+        return 0;
+    QTextLayout layout(text, field.font());
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    return std::max(0, qRound(line.ascent() - QFontMetricsF(field.font()).ascent()));
+}
+
+} // namespace
 
 Style::Style()
     : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
@@ -127,7 +149,9 @@ QRect Style::subElementRect(SubElement element, const QStyleOption* option, cons
     constexpr int narrowField = 80;
     if (element == SE_LineEditContents) {
         const int padding = option->rect.width() < narrowField ? narrowPadding : fieldPadding;
-        return option->rect.adjusted(padding, 1, -padding, -1);
+        const auto* field = qobject_cast<const QLineEdit*>(widget);
+        const int lower = field == nullptr ? 0 : raisedBy(*field);
+        return option->rect.adjusted(padding, 1, -padding, -1).translated(0, lower);
     }
     // The whole control is what is pressed, and what assistive technology frames.
     if (element == SE_PushButtonFocusRect || element == SE_CheckBoxClickRect

@@ -100,7 +100,7 @@ void WrappedText::layOut(double width)
     m_layout.beginLayout();
     for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
         line.setLineWidth(width);
-        const double height = m_lineHeight > 0 ? m_lineHeight : line.height();
+        const double height = std::max<double>(m_lineHeight, line.height()); // some scripts are tall
         line.setPosition(QPointF(0, (height - line.height()) / 2));
         m_lines.push_back({line.textStart(), line.textLength(), line.naturalTextWidth(), m_size.height()});
         m_size = {std::max(m_size.width(), m_lines.back().width), m_size.height() + height};

@@ -24,6 +24,14 @@ inline std::string toUtf8(const QString& text)
     return text.toStdString();
 }
 
+/// What a line shows of a text that may be very long: its first characters, at most so many code units, none
+/// cut in the middle.
+QString leadingCharacters(const QString& text, qsizetype atMost);
+
+/// What has to follow a text so that its own marks for the direction of writing end with it: one closing mark
+/// for each that is still open (Unicode Standard Annex 9).
+QString closersFor(const QString& text);
+
 /// Text for a control that reads "&" as a mnemonic: "Saturday && Sunday" shows as "Saturday & Sunday".
 inline QString withoutMnemonic(QString text)
 {

@@ -46,12 +46,16 @@ QString elided(const QString& text, const QFontMetrics& metrics, int width)
 void drawLine(QPainter& painter, const QRect& area, const QString& text, Theme::FontRole role,
               Theme::Token token, Qt::LayoutDirection direction, Qt::Alignment alignment)
 {
+    QString shown = text;
+    shown.remove(QChar(0x9c)); // behind this one Qt expects a shorter text to show instead
     painter.setFont(Theme::font(role));
     painter.setPen(Theme::color(token));
     painter.setLayoutDirection(direction);
+    // Not clipped: the letters of many scripts are taller than a Latin line.
     painter.drawText(area,
-                     static_cast<int>(alignment | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine,
-                     elided(text, painter.fontMetrics(), area.width()));
+                     static_cast<int>(alignment | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine
+                         | Qt::TextDontClip,
+                     elided(shown, painter.fontMetrics(), area.width()));
 }
 
 } // namespace
@@ -98,16 +102,19 @@ void NoteListDelegate::paintNote(QPainter& painter, const QRect& area, const QSt
     if (isSelected && option.widget != nullptr && Surface::showsFocus(*option.widget))
         Surface::drawFocusRing(painter, area, Metric::controlRadius);
 
-    const bool isRightToLeft = index.data(NoteListModel::isRightToLeftRole).toBool();
-    const Qt::LayoutDirection direction = isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight;
-    const Qt::Alignment side = isRightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+    const auto direction = [&index](NoteListModel::Role isRightToLeft) {
+        return index.data(isRightToLeft).toBool() ? Qt::RightToLeft : Qt::LeftToRight;
+    };
+    const Qt::LayoutDirection titleDirection = direction(NoteListModel::isRightToLeftRole);
+    const Qt::Alignment side = titleDirection == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
     const auto line = [&area](int top, int height) {
         return QRect(area.left() + textMargin, area.top() + top, area.width() - 2 * textMargin, height);
     };
     drawLine(painter, line(titleTop, titleHeight), index.data().toString(), Theme::FontRole::rowTitle,
-             Theme::Token::text, direction, side);
+             Theme::Token::text, titleDirection, side);
     drawLine(painter, line(previewTop, previewHeight), index.data(NoteListModel::previewRole).toString(),
-             Theme::FontRole::menu, Theme::Token::textSecondary, direction, side);
+             Theme::FontRole::menu, Theme::Token::textSecondary,
+             direction(NoteListModel::isPreviewRightToLeftRole), side);
     drawLine(painter, line(dateTop, dateHeight), index.data(NoteListModel::dateRole).toString(),
              Theme::FontRole::note, Theme::Token::textSecondary, Qt::LeftToRight, side);
 }

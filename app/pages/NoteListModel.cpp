@@ -80,19 +80,24 @@ const NoteListModel::Shown& NoteListModel::shown(std::size_t place) const
     // A row shows one elided line; a title may be the whole of a very long paragraph.
     constexpr qsizetype longestShown = 400;
     const auto [id, updatedAt] = m_notes[place];
-    const auto [entry, isNew] = m_shown.try_emplace(id);
-    Shown& shown = entry->second;
-    if (isNew || shown.updatedAt != updatedAt) {
-        // One that another copy of the program has deleted stays in the list until that is loaded again.
-        const Note note = m_read(id).value_or(Note(id, {}, updatedAt, updatedAt));
+    const auto found = m_shown.find(id);
+    if (found == m_shown.end() || found->second.updatedAt != updatedAt) {
+        // One that another copy of the program has deleted stays in the list until that is loaded again; one
+        // that cannot be read at the moment is read again when it is shown again.
+        const std::optional<Note> read = m_read(id);
+        Shown& shown = read ? m_shown[id] : m_unread;
+        const Note note = read.value_or(Note(id, {}, updatedAt, updatedAt));
         const std::string title = note.title();
+        const std::string preview = note.preview();
         shown = {.updatedAt = updatedAt,
-                 .title = toQt(title).left(longestShown),
-                 .preview = toQt(note.preview()).left(longestShown),
+                 .title = leadingCharacters(toQt(title), longestShown),
+                 .preview = leadingCharacters(toQt(preview), longestShown),
                  .date = toQt(CalendarKit::fullDate(updatedAt, *m_calendar)),
-                 .isRightToLeft = directionOf(title) == TextDirection::rightToLeft};
+                 .isRightToLeft = directionOf(title) == TextDirection::rightToLeft,
+                 .isPreviewRightToLeft = directionOf(preview) == TextDirection::rightToLeft};
+        return shown;
     }
-    return shown;
+    return found->second;
 }
 
 QVariant NoteListModel::noteData(std::size_t place, int role) const
@@ -106,6 +111,8 @@ QVariant NoteListModel::noteData(std::size_t place, int role) const
         return shown(place).date;
     case isRightToLeftRole:
         return shown(place).isRightToLeft;
+    case isPreviewRightToLeftRole:
+        return shown(place).isPreviewRightToLeft;
     case noteIdRole:
         return static_cast<qlonglong>(m_notes[place].id);
     case Qt::AccessibleTextRole:

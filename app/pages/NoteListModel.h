@@ -26,7 +26,8 @@ public:
         previewRole = Qt::UserRole,
         dateRole, ///< "Sat, 07 Mar 2026"
         isHeadingRole,
-        isRightToLeftRole,
+        isRightToLeftRole, ///< The title, and with it the side that all lines stand at.
+        isPreviewRightToLeftRole,
         noteIdRole,
     };
 
@@ -67,6 +68,7 @@ private:
         QString preview;
         QString date;
         bool isRightToLeft = false;
+        bool isPreviewRightToLeft = false;
     };
 
     const Shown& shown(std::size_t place) const;
@@ -75,6 +77,7 @@ private:
     Reader m_read;
     std::vector<NoteStamp> m_notes;
     mutable std::unordered_map<std::int64_t, Shown> m_shown; // by note, for the rows looked at so far
+    mutable Shown m_unread; // of the last note that could not be read
     std::vector<NoteGroup> m_groups;
     std::vector<Row> m_rows;
     std::optional<Calendar> m_calendar;

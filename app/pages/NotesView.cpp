@@ -281,9 +281,11 @@ void NotesView::askToDelete()
     handOn();
     if (!m_draft)
         return;
-    QString title = toQt(m_draft->note().title());
-    if (title.size() > longestTitle)
-        title = title.left(longestTitle) + QStringLiteral("…");
+    const QString whole = toQt(m_draft->note().title());
+    QString title = leadingCharacters(whole, longestTitle);
+    if (title.size() < whole.size())
+        title += QStringLiteral("…");
+    title += closersFor(title);
     ConfirmDialog::ask(
         *this,
         {.title = QStringLiteral("Delete this note?"),

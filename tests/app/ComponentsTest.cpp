@@ -15,6 +15,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessible>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -308,4 +309,32 @@ TEST(Label, WrapsInLinesOfTheGivenHeight)
     EXPECT_EQ(label.heightForWidth(10000), 16);
     EXPECT_EQ(label.heightForWidth(60) % 16, 0);
     EXPECT_GT(label.heightForWidth(60), 48);
+}
+
+TEST(Style, AFieldsTextStaysOnItsLineBesideATallerFont)
+{
+    Style style;
+    QLineEdit field;
+    field.setStyle(&style);
+    field.resize(200, Metric::fieldHeight);
+    const auto topOfFirstDigit = [&field](const QString& text) {
+        field.setText(text);
+        const QImage shown = field.grab(QRect(11, 4, 9, field.height() - 8)).toImage();
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x) {
+                if (qGray(shown.pixel(x, y)) < 128)
+                    return y;
+            }
+        }
+        return -1;
+    };
+    for (const int pixels : {13, 15, 18}) {
+        QFont font = Theme::baseFont(QFont());
+        font.setPixelSize(pixels);
+        field.setFont(font);
+        const int usual = topOfFirstDigit(QStringLiteral("5"));
+        EXPECT_GT(usual, 0);
+        EXPECT_NEAR(topOfFirstDigit(QStringLiteral("5 ٣٤")), usual, 1) << pixels;
+        EXPECT_EQ(topOfFirstDigit(QStringLiteral("5 é")), usual) << pixels;
+    }
 }

@@ -107,6 +107,21 @@ TEST(NoteListModel, TellsOfAResetBeforeItsRowsChange)
     EXPECT_EQ(model.rowCount(), 2);
 }
 
+TEST(NoteListModel, ReadsANoteAgainThatCouldNotBeRead)
+{
+    bool isReadable = false;
+    const auto reader = [&isReadable](std::int64_t id) {
+        return isReadable ? std::optional(Note(id, {{.id = Uuid::random(), .text = "there"}}, {}, {}))
+                          : std::nullopt;
+    };
+    NoteListModel model(reader, nullptr);
+    model.setNotes({noteOf(1, at(10, 3, 2026))}, at(10, 3, 2026), paris);
+    const QModelIndex row = model.index(1);
+    EXPECT_EQ(row.data(NoteListModel::titleRole).toString(), QStringLiteral("New Note"));
+    isReadable = true;
+    EXPECT_EQ(row.data(NoteListModel::titleRole).toString(), QStringLiteral("there"));
+}
+
 TEST(NoteListModel, ReadsANoteOnceForEachState)
 {
     const Instant now = at(10, 3, 2026);

@@ -1,4 +1,5 @@
 #include "app/components/ConfirmDialog.h"
+#include "app/pages/NoteListModel.h"
 #include "tests/app/support/NotesStage.h"
 
 #include <gtest/gtest.h>
@@ -422,6 +423,33 @@ TEST_F(NotesViewTest, ARowStandsOnTheSideWhereItsTitleBegins)
                           QSize(60, 16)); // inside of what marks the selection
         EXPECT_EQ(isBlank(title), row == 1) << row;
     }
+}
+
+TEST_F(NotesViewTest, ARowShowsTallLettersWhole)
+{
+    add({"latin"}, 1min);
+    add({"قُرْآنٌ"});
+    open();
+    QListView* list = page->list()->list();
+    const QImage shown = list->viewport()->grab().toImage();
+    const auto hasInkAboveTheTitle = [&](int row) {
+        const QRect place = list->visualRect(list->model()->index(row, 0));
+        const QImage gap = shown.copy(QRect(place.left() + 12, place.top() + 4, place.width() - 24, 5));
+        QImage plain(gap.size(), gap.format());
+        plain.fill(gap.pixelColor(0, 0));
+        return gap != plain;
+    };
+    EXPECT_TRUE(hasInkAboveTheTitle(1)) << "the vowel marks";
+    EXPECT_FALSE(hasInkAboveTheTitle(2));
+}
+
+TEST_F(NotesViewTest, APreviewIsReadInItsOwnDirection)
+{
+    add({"تقرير", "Done by 5 p.m. (really)!"});
+    open();
+    const QModelIndex row = page->list()->list()->model()->index(1, 0);
+    EXPECT_TRUE(row.data(NoteListModel::isRightToLeftRole).toBool());
+    EXPECT_FALSE(row.data(NoteListModel::isPreviewRightToLeftRole).toBool());
 }
 
 TEST_F(NotesViewTest, TheListIsSortedAgainOnlyWhenItIsLoaded)

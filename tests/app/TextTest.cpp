@@ -18,5 +18,29 @@ TEST(Text, ReplacesWhatIsNoText)
     EXPECT_EQ(toUtf8(QString(QChar(0xD83D))), "?");
 }
 
+TEST(Text, LeadingCharactersAreWhole)
+{
+    EXPECT_EQ(leadingCharacters(QStringLiteral("abc"), 3), QStringLiteral("abc"));
+    EXPECT_EQ(leadingCharacters(QStringLiteral("abcd"), 3), QStringLiteral("abc"));
+    EXPECT_EQ(leadingCharacters(QStringLiteral(u"ab𠮷𠮷"), 3), QStringLiteral("ab"));
+    EXPECT_EQ(leadingCharacters(QStringLiteral(u"ab𠮷𠮷"), 4), QStringLiteral(u"ab𠮷"));
+    EXPECT_EQ(leadingCharacters(QStringLiteral(u"a👨‍👩‍👧‍👦b"), 6), QStringLiteral("a"));
+    EXPECT_EQ(leadingCharacters(QStringLiteral(u"ae\u0301b"), 2), QStringLiteral("a"));
+    EXPECT_EQ(leadingCharacters(QStringLiteral(u"e\u0301\u0301\u0301\u0301b"), 3),
+              QStringLiteral(u"e\u0301\u0301"));
+}
+
+TEST(Text, OpenMarksForTheDirectionAreClosed)
+{
+    EXPECT_EQ(closersFor(QStringLiteral(u"plain שלום")), QString());
+    EXPECT_EQ(closersFor(QStringLiteral(u"\u202E Invoice")), QStringLiteral(u"\u202C"));
+    EXPECT_EQ(closersFor(QStringLiteral(u"\u2067a\u202Bb")), QStringLiteral(u"\u202C\u2069"));
+    EXPECT_EQ(closersFor(QStringLiteral(u"\u2067a\u202Bb\u2069")), QString())
+        << "with the isolate its content ends";
+    EXPECT_EQ(closersFor(QStringLiteral(u"\u202Aa\u2066b\u202C")), QStringLiteral(u"\u2069\u202C"))
+        << "what is outside of an isolate cannot be closed in it";
+    EXPECT_EQ(closersFor(QStringLiteral(u"a\u202C\u2069")), QString());
+}
+
 } // namespace
 } // namespace zelta
