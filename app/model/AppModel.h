@@ -48,7 +48,7 @@ public:
 
     /// The rule of the chosen preset; Saturday and Sunday when the stored id names none.
     [[nodiscard]] WeekendRule weekendRule() const;
-    /// IANA name of the system's current time zone, read anew at each use.
+    /// Name of the system's current time zone (IANA, or the path of a zone file), read anew at each use.
     [[nodiscard]] std::string timeZoneIdentifier() const;
     /// The calendar of every date computation, in the system's current time zone.
     [[nodiscard]] Calendar calendar() const;

@@ -405,6 +405,13 @@ TEST_F(NotesViewTest, ARowTellsTitlePreviewAndDate)
     EXPECT_TRUE(model.index(3).data(NoteListModel::isRightToLeftRole).toBool());
 }
 
+bool isBlank(const QImage& part)
+{
+    QImage plain(part.size(), part.format());
+    plain.fill(part.pixelColor(0, 0));
+    return part == plain;
+}
+
 TEST_F(NotesViewTest, ARowStandsOnTheSideWhereItsTitleBegins)
 {
     add({"left"}, 1min);
@@ -412,16 +419,10 @@ TEST_F(NotesViewTest, ARowStandsOnTheSideWhereItsTitleBegins)
     open();
     QListView* list = page->list()->list();
     const QImage shown = list->viewport()->grab().toImage();
-    const auto isBlank = [&](const QRect& area) {
-        const QImage part = shown.copy(area);
-        QImage plain(part.size(), part.format());
-        plain.fill(part.pixelColor(0, 0));
-        return part == plain;
-    };
     for (const int row : {1, 2}) {
         const QRect title(list->visualRect(list->model()->index(row, 0)).topLeft() + QPoint(12, 10),
                           QSize(60, 16)); // inside of what marks the selection
-        EXPECT_EQ(isBlank(title), row == 1) << row;
+        EXPECT_EQ(isBlank(shown.copy(title)), row == 1) << row;
     }
 }
 
@@ -434,10 +435,7 @@ TEST_F(NotesViewTest, ARowShowsTallLettersWhole)
     const QImage shown = list->viewport()->grab().toImage();
     const auto hasInkAboveTheTitle = [&](int row) {
         const QRect place = list->visualRect(list->model()->index(row, 0));
-        const QImage gap = shown.copy(QRect(place.left() + 12, place.top() + 4, place.width() - 24, 5));
-        QImage plain(gap.size(), gap.format());
-        plain.fill(gap.pixelColor(0, 0));
-        return gap != plain;
+        return !isBlank(shown.copy(QRect(place.left() + 12, place.top() + 4, place.width() - 24, 5)));
     };
     EXPECT_TRUE(hasInkAboveTheTitle(1)) << "the vowel marks";
     EXPECT_FALSE(hasInkAboveTheTitle(2));
