@@ -166,8 +166,9 @@ void DayTile::paintPickerDay(QPainter& painter) const
         font.setWeight(QFont::DemiBold);
         ink = Theme::color(Theme::Token::onAccent);
         Surface::draw(painter, area, Metric::controlRadius, Theme::fill(Module::duration));
-    } else
+    } else {
         Surface::drawPress(painter, area, Metric::controlRadius, Surface::pressOf(*this));
+    }
     painter.setPen(ink);
     painter.setFont(font);
     painter.drawText(area, Qt::AlignCenter, QString::number(m_cell.dayNumber));
