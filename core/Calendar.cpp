@@ -14,6 +14,7 @@ using std::chrono::seconds;
 using SecondsPoint = cctz::time_point<cctz::seconds>;
 
 constexpr const char* localTimeFile = "/etc/localtime";
+constexpr std::string_view zonesFolder = "zoneinfo/";
 
 bool isKnownZone(const std::string& identifier)
 {
@@ -25,14 +26,29 @@ bool isKnownZone(const std::string& identifier)
 /// twice more, in folders that say whether leap seconds count.
 std::string zoneOfPath(std::string_view path)
 {
-    static constexpr std::string_view folder = "zoneinfo/";
-    if (const std::size_t position = path.find(folder); position != std::string_view::npos)
-        path.remove_prefix(position + folder.size());
+    if (const std::size_t position = path.find(zonesFolder); position != std::string_view::npos)
+        path.remove_prefix(position + zonesFolder.size());
     for (const std::string_view variant : {"posix/", "right/"}) {
         if (path.starts_with(variant))
             path.remove_prefix(variant.size());
     }
     return std::string(path);
+}
+
+/// Where the system's link leads, over other links where its own folder cannot be written to. Of the links
+/// among the zones the first counts: "US/Eastern" is the name that was chosen.
+std::filesystem::path linkedZoneFile()
+{
+    constexpr int mostLinks = 40; // as many as the system follows
+    std::filesystem::path file = localTimeFile;
+    for (int i = 0; i < mostLinks && file.string().find(zonesFolder) == std::string::npos; ++i) {
+        std::error_code failure;
+        const std::filesystem::path target = std::filesystem::read_symlink(file, failure);
+        if (failure)
+            break;
+        file = file.parent_path() / target;
+    }
+    return file;
 }
 
 cctz::civil_second toCctz(const CivilTime& time)
@@ -71,10 +87,9 @@ std::string systemTimeZoneId()
         if (!isSystems && isKnownZone(identifier))
             return identifier;
     }
-    std::error_code failure;
-    const std::filesystem::path target = std::filesystem::read_symlink(localTimeFile, failure);
-    if (!failure && isKnownZone(zoneOfPath(target.string())))
-        return zoneOfPath(target.string());
+    std::string identifier = zoneOfPath(linkedZoneFile().string());
+    if (isKnownZone(identifier))
+        return identifier;
     // A copied zone file does not tell its name, but it still tells the time.
     return isKnownZone(localTimeFile) ? localTimeFile : "UTC";
 }

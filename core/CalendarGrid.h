@@ -55,8 +55,8 @@ std::vector<WeekRow> month(Instant containing, const DateOptions& options, Insta
 /// "March 2026"
 std::string title(Instant date, const DateOptions& options);
 
-/// The date so many calendar months later, its day clamped to the end of a shorter month; a day that
-/// the zone skipped whole gives the next one. There is nothing before year 1: the date stays.
+/// The date so many calendar months later, in whole seconds, its day clamped to the end of a shorter month; a
+/// day that the zone skipped whole gives the next one. There is nothing before year 1: the date stays.
 Instant shift(Instant date, int months, const DateOptions& options);
 
 } // namespace CalendarGrid

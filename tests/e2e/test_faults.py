@@ -30,11 +30,11 @@ def may_mount():
     return os.geteuid() == 0 and subprocess.run(["unshare", "--mount", "true"], stderr=subprocess.DEVNULL).returncode == 0
 
 
-def set_zone(etc, zone):
+def set_zone(link, zone):
     """As the desktop's settings do it: another link takes the place of the old one."""
-    link = etc / "localtime.new"
-    link.symlink_to(f"/usr/share/zoneinfo/{zone}")
-    link.replace(etc / "localtime")
+    new = link.with_suffix(".new")
+    new.symlink_to(f"/usr/share/zoneinfo/{zone}")
+    new.replace(link)
 
 
 def told(seconds, zone):
@@ -320,17 +320,31 @@ class Faults(scenario.Scenario):
             self.skipTest("only who may mount can have an /etc for one program")
         etc = self.screen.folder / "etc"
         subprocess.run(["cp", "--archive", "/etc", etc], check=True)
-        set_zone(etc, "Europe/Paris")
+        link = etc / "localtime"
+        set_zone(link, "Europe/Paris")
         app = self.start_with("unshare", "--mount", "sh", "-c", OWN_ETC, "sh", str(etc))
         self.save(app, 1, 2)
         self.wait_for(lambda: "1 compared with 2" in self.titles(), "the save")
         with contextlib.closing(self.database()) as base:
             saved = base.execute("SELECT created_at FROM history").fetchone()[0]
-        for zone in ["Europe/Paris", "Pacific/Apia", "America/St_Johns"]:
-            set_zone(etc, zone)
+
+        def see_zone(zone):
             app.go("Settings")
             app.go("History")
             app.wait(told(saved, zone))
+
+        for zone in ["Europe/Paris", "Pacific/Apia", "America/St_Johns"]:
+            set_zone(link, zone)
+            see_zone(zone)
+        # Where /etc cannot be written to, its link leads to another one.
+        other = etc / "writable" / "localtime"
+        other.parent.mkdir()
+        set_zone(other, "Asia/Tokyo")
+        link.unlink()
+        link.symlink_to("writable/localtime")
+        see_zone("Asia/Tokyo")
+        set_zone(other, "Europe/Paris")
+        see_zone("Europe/Paris")
 
 
 if __name__ == "__main__":
