@@ -96,7 +96,7 @@ private:
 
     /// a + b, where b has the given sign instead of its own.
     static constexpr Decimal sum(const Decimal& a, const Decimal& b, bool bNegative);
-    static constexpr Decimal distantSum(const Decimal& a, const Decimal& b, bool bNegative);
+    static constexpr Decimal distantSum(const Decimal& a, const Decimal& b);
     static constexpr Decimal product(const Decimal& a, const Decimal& b);
     static constexpr Decimal quotient(const Decimal& a, const Decimal& b);
     static constexpr std::partial_ordering compare(const Decimal& a, const Decimal& b);

@@ -103,12 +103,12 @@ constexpr Decimal Decimal::sum(const Decimal& a, const Decimal& b, bool bNegativ
     int exponent = a.m_exponent;
     if (const int gap = a.m_exponent - b.m_exponent; gap > 0) {
         if (gap > maxDigits - digitCount(left))
-            return distantSum(a, {bNegative, b.m_mantissa, b.m_exponent}, bNegative);
+            return distantSum(a, {bNegative, b.m_mantissa, b.m_exponent});
         left *= powerOfTen(gap);
         exponent = b.m_exponent;
     } else if (gap < 0) {
         if (-gap > maxDigits - digitCount(right))
-            return distantSum({bNegative, b.m_mantissa, b.m_exponent}, a, a.m_negative);
+            return distantSum({bNegative, b.m_mantissa, b.m_exponent}, a);
         right *= powerOfTen(-gap);
     }
 
@@ -121,7 +121,7 @@ constexpr Decimal Decimal::sum(const Decimal& a, const Decimal& b, bool bNegativ
 }
 
 /// The sum where a's exponent lies so far above b's that a does not fit 38 digits at b's exponent.
-constexpr Decimal Decimal::distantSum(const Decimal& a, const Decimal& b, bool bNegative)
+constexpr Decimal Decimal::distantSum(const Decimal& a, const Decimal& b)
 {
     const int room = maxDigits - digitCount(a.m_mantissa);
     const int gap = a.m_exponent - room - b.m_exponent; // > 0
@@ -134,7 +134,7 @@ constexpr Decimal Decimal::distantSum(const Decimal& a, const Decimal& b, bool b
         cut = beyond > maxDigits || right * powerOfTen(beyond) != b.m_mantissa;
     }
     const int exponent = a.m_exponent - room - shift;
-    if (a.m_negative == bNegative)
+    if (a.m_negative == b.m_negative)
         return nearest(a.m_negative, add(left, right), exponent);
     // What was cut off `right` makes the difference smaller: round it down.
     return nearest(a.m_negative, subtract(left, right + (cut ? 1 : 0)), exponent);
