@@ -4,7 +4,6 @@
 
 #include <compare>
 #include <concepts>
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -123,12 +122,6 @@ namespace zelta {
 consteval Decimal operator""_dec(const char* digits)
 {
     return Decimal::fromText(digits).value();
-}
-
-/// The same from a text, which may be negative: `"-40"_dec`.
-consteval Decimal operator""_dec(const char* text, std::size_t length)
-{
-    return Decimal::fromText({text, length}).value();
 }
 
 } // namespace zelta

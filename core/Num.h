@@ -12,7 +12,7 @@
 /// three digits, a leading "-", never an exponent.
 ///
 ///     Num::parse("$1,234.50")                           // 1234.5
-///     Num::string("1234567.891"_dec, 10, true)          // "1,234,567.891"
+///     Num::string(1234567.891_dec, 10, true)            // "1,234,567.891"
 namespace zelta::Num {
 
 /// Reads what a person types or pastes: "1.234,56", "1'234.5", "٣٤", "−5", "(5)" for minus five. Signs,

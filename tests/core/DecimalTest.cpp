@@ -59,11 +59,11 @@ TEST(Decimal, DividesTo38Digits)
 TEST(Decimal, GivesZeroNoSign)
 {
     EXPECT_FALSE((-0_dec).isNegative());
-    EXPECT_FALSE(("-5"_dec * 0).isNegative());
+    EXPECT_FALSE((-5_dec * 0).isNegative());
     EXPECT_FALSE((0_dec / -5).isNegative());
-    EXPECT_FALSE(("-5"_dec + 5).isNegative());
+    EXPECT_FALSE((-5_dec + 5).isNegative());
     EXPECT_FALSE((0_dec - 0).isNegative());
-    EXPECT_FALSE("-0.4"_dec.rounded(0, Rounding::plain).isNegative());
+    EXPECT_FALSE((-0.4_dec).rounded(0, Rounding::plain).isNegative());
     EXPECT_FALSE((-ten(-128) * ten(-128)).isNegative()) << "too small";
 }
 
@@ -142,8 +142,8 @@ TEST(Decimal, ComparesValuesNotDigits)
     EXPECT_EQ(2.50_dec, 2.5_dec);
     EXPECT_EQ(ten(37), Decimal::fromParts(false, powerOfTen(37), 0));
     EXPECT_EQ(0.000_dec, 0_dec);
-    EXPECT_LT("-1"_dec, 0_dec);
-    EXPECT_LT("-2"_dec, "-1"_dec);
+    EXPECT_LT(-1_dec, 0_dec);
+    EXPECT_LT(-2_dec, -1_dec);
     EXPECT_LT(0_dec, ten(-128));
     EXPECT_GT(ten(127), Decimal::fromParts(false, nines, 0));
 }
@@ -154,7 +154,7 @@ TEST(DecimalText, StripsTrailingZerosOfAFraction)
     EXPECT_EQ((3.00_dec).text(), "3");
     EXPECT_EQ((100_dec).text(), "100");
     EXPECT_EQ((0.001_dec).text(), "0.001");
-    EXPECT_EQ("-0.5"_dec.text(), "-0.5");
+    EXPECT_EQ((-0.5_dec).text(), "-0.5");
     EXPECT_EQ(ten(30).text(), "1" + std::string(30, '0'));
 }
 
@@ -213,7 +213,7 @@ TEST(DecimalRounded, GoesBeyondAllDigits)
     EXPECT_EQ((5_dec).rounded(-1, Rounding::bankers), 0_dec);
     EXPECT_EQ((5_dec).rounded(-60, Rounding::plain), 0_dec);
     EXPECT_EQ((5_dec).rounded(-60, Rounding::up), ten(60));
-    EXPECT_EQ("-5"_dec.rounded(-60, Rounding::down), -ten(60));
+    EXPECT_EQ((-5_dec).rounded(-60, Rounding::down), -ten(60));
     EXPECT_EQ((0_dec).rounded(-60, Rounding::up), 0_dec);
     EXPECT_EQ((5_dec).rounded(std::numeric_limits<int>::min(), Rounding::plain), 0_dec);
     EXPECT_FALSE((5_dec).rounded(std::numeric_limits<int>::min(), Rounding::up).isRepresentable());
