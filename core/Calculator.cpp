@@ -68,11 +68,7 @@ void Calculator::digit(int d)
 {
     if (d < 0 || d > 9)
         return;
-    if (m_error)
-        clearAll();
-    if (m_startsNewEntry)
-        m_typed.clear();
-    m_startsNewEntry = false;
+    beginTyping();
     if (m_typed == "0" || m_typed == "-0")
         m_typed.pop_back();
     const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
@@ -82,13 +78,9 @@ void Calculator::digit(int d)
 
 void Calculator::decimalPoint()
 {
-    if (m_error)
-        clearAll();
-    if (m_startsNewEntry)
-        m_typed.clear();
-    m_startsNewEntry = false;
-    if (m_typed.empty() || m_typed == "-")
-        m_typed += '0';
+    beginTyping();
+    if (m_typed.empty())
+        m_typed = "0";
     if (m_typed.find('.') == std::string::npos)
         m_typed += '.';
 }
@@ -202,6 +194,13 @@ std::optional<Decimal> Calculator::complete(const Decimal& lhs, Operation operat
     if (m_tape.size() > maxTapeEntries)
         m_tape.pop_back();
     return result;
+}
+
+void Calculator::beginTyping()
+{
+    if (m_error)
+        clearAll();
+    m_startsNewEntry = false;
 }
 
 void Calculator::show(const Decimal& value)

@@ -85,6 +85,8 @@ private:
 
     /// Applies and records; a division by zero sets the error and keeps all operands.
     std::optional<Decimal> complete(const Decimal& lhs, Operation operation, const Decimal& rhs);
+    /// Before a digit or the point: ends an error; what is typed goes on.
+    void beginTyping();
     /// Ends typing with this value shown; the next digit starts a new number.
     void show(const Decimal& value);
 
@@ -92,7 +94,7 @@ private:
     std::string m_typed; ///< As typed, "0." and "-0" too; empty while nothing is.
     std::optional<HalfOperation> m_pending; ///< Left operand and operator.
     std::optional<HalfOperation> m_repeat; ///< Operator and right operand of the last "=".
-    bool m_startsNewEntry = true; ///< No number has been entered since the last operator or result.
+    bool m_startsNewEntry = true; ///< No number was entered since the last operator or result: none is typed.
     bool m_error = false;
     std::deque<TapeEntry> m_tape;
     int m_lastTapeId = 0;
