@@ -1,5 +1,5 @@
 #include "core/Decimal.h"
-#include "tests/support/Oracle.h"
+#include "tests/support/Comparison.h"
 
 #include <gtest/gtest.h>
 
@@ -28,33 +28,24 @@ std::string parts(const Decimal& value)
         + std::to_string(value.exponent());
 }
 
-/// Collects questions with our own answers and compares them in large batches.
+/// Decimal's operations, each a question with our own answer.
 class Comparison
 {
 public:
-    Comparison() = default;
-    Comparison(const Comparison&) = delete;
-    Comparison& operator=(const Comparison&) = delete;
-    ~Comparison()
-    {
-        flush();
-        std::cout << m_count << " questions\n";
-    }
-
     void arithmetic(const Decimal& a, const Decimal& b)
     {
         const std::string operands = parts(a) + " " + parts(b);
-        ask("+ " + operands, (a + b).text());
-        ask("- " + operands, (a - b).text());
-        ask("* " + operands, (a * b).text());
-        ask("/ " + operands, (a / b).text());
+        m_comparison.add("+ " + operands, (a + b).text());
+        m_comparison.add("- " + operands, (a - b).text());
+        m_comparison.add("* " + operands, (a * b).text());
+        m_comparison.add("/ " + operands, (a / b).text());
     }
 
     void order(const Decimal& a, const Decimal& b)
     {
         const auto order = a <=> b;
         EXPECT_EQ(a == b, order == 0);
-        ask("c " + parts(a) + " " + parts(b), order < 0 ? "-1" : order > 0 ? "1" : "0");
+        m_comparison.add("c " + parts(a) + " " + parts(b), order < 0 ? "-1" : order > 0 ? "1" : "0");
     }
 
     void rounding(const Decimal& value, int places)
@@ -65,44 +56,18 @@ public:
              {"up", Rounding::up},
              {"bankers", Rounding::bankers}}};
         for (const auto& [name, mode] : modes)
-            ask(std::string(name) + " " + std::to_string(places) + " " + parts(value),
-                value.rounded(places, mode).text());
+            m_comparison.add(std::string(name) + " " + std::to_string(places) + " " + parts(value),
+                             value.rounded(places, mode).text());
     }
 
     void reading(const std::string& text)
     {
         const std::optional<Decimal> value = Decimal::fromText(text);
-        ask("t " + text, value ? value->text() : "NaN");
+        m_comparison.add("t " + text, value ? value->text() : "NaN");
     }
 
 private:
-    void ask(std::string question, std::string ours)
-    {
-        m_questions.push_back(std::move(question));
-        m_ours.push_back(std::move(ours));
-        if (m_questions.size() == 50'000)
-            flush();
-    }
-
-    void flush()
-    {
-        const std::vector<std::string> answers = m_oracle.ask(m_questions);
-        for (std::size_t i = 0; i < answers.size() && m_failures < 20; ++i) {
-            if (answers[i] == m_ours[i])
-                continue;
-            ++m_failures;
-            ADD_FAILURE() << m_questions[i] << "\n  is   " << answers[i] << "\n  ours " << m_ours[i];
-        }
-        m_count += m_questions.size();
-        m_questions.clear();
-        m_ours.clear();
-    }
-
-    test::Oracle m_oracle {"core/decimal_oracle.py"};
-    std::vector<std::string> m_questions;
-    std::vector<std::string> m_ours;
-    std::size_t m_count = 0;
-    int m_failures = 0;
+    test::Comparison m_comparison {"core/decimal_oracle.py"};
 };
 
 /// Random operands; the seed is printed so that a failure can be repeated.
