@@ -15,13 +15,11 @@ namespace {
 using Operation = Calculator::Operation;
 
 /// Presses keys: digits, "." "+" "-" "*" "/" "=" "%", "n" changes the sign, "<" is backspace, "E" clears the
-/// entry, "C" clears all, "T" clears the tape, "L" loads 7; blanks are for reading.
+/// entry, "C" clears all, "T" clears the tape, "L" loads 7.
 void press(Calculator& calculator, std::string_view keys)
 {
     for (const char key : keys) {
         switch (key) {
-        case ' ':
-            break;
         case '.':
             calculator.decimalPoint();
             break;

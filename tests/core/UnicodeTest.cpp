@@ -2,10 +2,9 @@
 
 #include "tests/support/Comparison.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -21,9 +20,7 @@ std::string utf8(char32_t c)
 
 std::string hex(char32_t c)
 {
-    std::array<char, 16> buffer {};
-    const int size = std::snprintf(buffer.data(), buffer.size(), "%x", static_cast<unsigned>(c));
-    return {buffer.data(), static_cast<std::size_t>(size)};
+    return fmt::format("{:x}", static_cast<unsigned>(c));
 }
 
 std::string hexWords(std::string_view text)
