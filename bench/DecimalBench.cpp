@@ -67,7 +67,7 @@ template <class Number, class Operation>
 void measure(benchmark::State& state, const std::vector<Number>& numbers, Operation operation)
 {
     std::size_t i = 0;
-    for (auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores): the library's idiom
+    for (auto _ : state) {
         auto result = operation(numbers[i], numbers[i + operandCount]);
         benchmark::DoNotOptimize(result);
         i = (i + 1) % operandCount;

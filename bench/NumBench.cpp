@@ -24,7 +24,7 @@ constexpr std::array<std::string_view, 12> texts {
 void parseOurs(benchmark::State& state)
 {
     std::size_t i = 0;
-    for (auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores): the library's idiom
+    for (auto _ : state) {
         auto value = Num::parse(texts[i]);
         benchmark::DoNotOptimize(value);
         i = (i + 1) % texts.size();
@@ -41,7 +41,7 @@ void parseIcu(benchmark::State& state)
     for (const std::string_view text : texts)
         inputs.push_back(icu::UnicodeString::fromUTF8({text.data(), static_cast<int32_t>(text.size())}));
     std::size_t i = 0;
-    for (auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores)
+    for (auto _ : state) {
         icu::Formattable value;
         format->parse(inputs[i], value, status);
         benchmark::DoNotOptimize(value);
@@ -62,7 +62,7 @@ void stringOurs(benchmark::State& state)
 {
     const std::vector<Decimal> numbers = values();
     std::size_t i = 0;
-    for (auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores)
+    for (auto _ : state) {
         auto text = Num::string(numbers[i], 10, true);
         benchmark::DoNotOptimize(text);
         i = (i + 1) % numbers.size();
@@ -80,7 +80,7 @@ void stringIcu(benchmark::State& state)
     for (const Decimal& value : values())
         numbers.push_back(value.text());
     std::size_t i = 0;
-    for (auto _ : state) { // NOLINT(clang-analyzer-deadcode.DeadStores)
+    for (auto _ : state) {
         std::string text;
         formatter.formatDecimal(numbers[i], status).toString(status).toUTF8String(text);
         benchmark::DoNotOptimize(text);

@@ -36,7 +36,7 @@ public:
     static constexpr int maxExponent = 127;
 
     constexpr Decimal() = default;
-    constexpr Decimal(std::int64_t integer); // NOLINT(google-explicit-constructor): 100 is a Decimal
+    constexpr Decimal(std::int64_t integer); // not explicit: 100 is a Decimal
     /// Binary fractions have no place here: write 0.1_dec.
     template <std::floating_point Binary> Decimal(Binary) = delete;
 

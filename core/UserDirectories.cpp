@@ -16,7 +16,7 @@ namespace {
 
 std::filesystem::path pathFromEnvironment(const char* name)
 {
-    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nothing moves there meanwhile
+    const char* value = std::getenv(name); // no thread changes it meanwhile
     return value == nullptr ? "" : value;
 }
 
@@ -29,7 +29,7 @@ std::filesystem::path homeDirectory()
 #else
     if (std::filesystem::path home = pathFromEnvironment("HOME"); !home.empty())
         return home;
-    const passwd* user = getpwuid(getuid()); // NOLINT(concurrency-mt-unsafe): asked once, at the start
+    const passwd* user = getpwuid(getuid()); // asked once, at the start
     return user == nullptr ? "/" : user->pw_dir;
 #endif
 }

@@ -269,7 +269,7 @@ TEST(NoteDecodeBlocks, SettlesIllFormedTextAtTheFirstSave)
 TEST(NoteTitle, AgreesWithPythonOnRandomTexts)
 {
     const std::u32string alphabet = U"\t\n\v\f\r \u0085\u00A0\u2028\u2029\u3000\u200B\u001Cab漢";
-    std::mt19937 random(20260101); // NOLINT(bugprone-random-generator-seed): the same texts each time
+    std::mt19937 random(20260101); // the same texts each time
     test::Comparison comparison("core/unicode_oracle.py");
     for (int i = 0; i < 5000; ++i) {
         std::vector<NoteBlock> blocks(1 + random() % 3);
