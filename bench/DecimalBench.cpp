@@ -12,7 +12,7 @@ extern "C" {
 #include <bid_functions.h>
 }
 
-#include <array>
+#include <algorithm>
 #include <random>
 #include <string>
 #include <vector>

@@ -6,7 +6,6 @@
 #include <iostream>
 #include <limits>
 #include <map>
-#include <string_view>
 #include <utility>
 #include <vector>
 

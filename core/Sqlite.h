@@ -58,8 +58,6 @@ private:
 class Connection
 {
 public:
-    Connection() = default;
-
     /// Opens, and creates when missing, for reading and writing in serialized mode; what can only be read is
     /// an error. `path` is absolute UTF-8 or ":memory:". A lock held elsewhere fails a statement at once,
     /// until `waitForLocks`. Throws StoreError.
