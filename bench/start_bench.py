@@ -16,6 +16,9 @@ import sys
 import time
 import uuid
 
+from Xlib import X, display
+from Xlib.ext import damage
+
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "tests/e2e"))
 import desktop  # noqa: E402
 
@@ -29,10 +32,6 @@ class Watcher:
     """An X client that sees windows being made, and the first picture in them."""
 
     def __init__(self, name):
-        from Xlib import X, display
-        from Xlib.ext import damage
-
-        self.X, self.damage = X, damage
         self.display = display.Display(name)
         self.display.damage_query_version()
         self.display.screen().root.change_attributes(event_mask=X.SubstructureNotifyMask)
@@ -47,8 +46,8 @@ class Watcher:
                     raise AssertionError(f"no picture of {process.args}, exit status {process.poll()}")
                 select.select([self.display], [], [], 1)
             event = self.display.next_event()
-            if event.type == self.X.CreateNotify and event.width > 200 and event.height > 200:
-                event.window.damage_create(self.damage.DamageReportRawRectangles)
+            if event.type == X.CreateNotify and event.width > 200 and event.height > 200:
+                event.window.damage_create(damage.DamageReportRawRectangles)
             elif event.type == self.display.extension_event.DamageNotify and self._painted(event.drawable):
                 return time.monotonic()
 
@@ -56,7 +55,7 @@ class Watcher:
         """Whether there are pixels: what the window manager puts there before the first paint is black."""
         with contextlib.suppress(Exception):
             box = window.get_geometry()
-            picture = window.get_image(box.width // 2, box.height // 2, 8, 8, self.X.ZPixmap, 0xFFFFFF)
+            picture = window.get_image(box.width // 2, box.height // 2, 8, 8, X.ZPixmap, 0xFFFFFF)
             return any(picture.data)
         return False
 
