@@ -27,10 +27,8 @@ DesktopLook::DesktopLook(QApplication& application)
     , m_portal(new SettingsPortal(this))
 {
     m_paletteIsDark = Theme::appearance() == Theme::Appearance::dark;
-    m_isApplying = true;
     QApplication::setFont(Theme::baseFont(QApplication::font()));
     QApplication::setStyle(new Style);
-    m_isApplying = false;
     const QFont menu = Theme::font(Theme::FontRole::menu);
     QApplication::setFont(menu, "QMenuBar");
     QApplication::setFont(menu, "QMenu");
