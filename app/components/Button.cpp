@@ -97,11 +97,6 @@ QSize Button::sizeHint() const
     return {2 * padding() + contentWidth(m_line, m_symbol), m_height.value_or(own)};
 }
 
-QSize Button::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
 void Button::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);

@@ -40,11 +40,6 @@ QSize Pill::sizeHint() const
     return {before + symbolSize + gap + m_checkedLine.width() + after, Metric::pillHeight};
 }
 
-QSize Pill::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
 bool Pill::hitButton(const QPoint& position) const
 {
     return rect().contains(position);

@@ -19,7 +19,6 @@ public:
     [[nodiscard]] const QString& value() const;
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     [[nodiscard]] bool hitButton(const QPoint& position) const override;

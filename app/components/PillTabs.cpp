@@ -60,16 +60,6 @@ void PillTabs::setSelection(const QString& value)
         (*found)->setFocus();
 }
 
-QSize PillTabs::sizeHint() const
-{
-    return layout()->sizeHint();
-}
-
-QSize PillTabs::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
 void PillTabs::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);

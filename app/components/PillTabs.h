@@ -32,9 +32,6 @@ public:
     /// Selects the tab with this value without a signal; an unknown value changes nothing.
     void setSelection(const QString& value);
 
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
-
 Q_SIGNALS:
     /// The person chose another tab.
     void selected(const QString& value);

@@ -30,11 +30,6 @@ QSize Switch::sizeHint() const
     return {trackWidth + 2 * margin, trackHeight + 2 * margin};
 }
 
-QSize Switch::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
 bool Switch::hitButton(const QPoint& position) const
 {
     return rect().contains(position);

@@ -18,7 +18,6 @@ public:
     Switch(const QString& label, const QString& caption, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
