@@ -18,7 +18,6 @@ Button::Button(const QString& label, std::string_view symbol, QWidget* parent)
 {
     setFocusPolicy(Qt::TabFocus);
     setAutoDefault(false);
-    setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFont(Theme::font(Theme::FontRole::control));
     setLabel(label);

@@ -21,7 +21,6 @@ CopyButton::CopyButton(Clock& clock, Theme::FontRole role, QWidget* parent)
     setFont(Theme::font(role));
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
-    setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(this, &QAbstractButton::clicked, this, [this] {
         copyText(text());

@@ -30,7 +30,6 @@ DayTile::DayTile(Look look, QWidget* parent)
     , m_look(look)
 {
     setFocusPolicy(Qt::NoFocus);
-    setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 

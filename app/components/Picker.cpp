@@ -60,7 +60,6 @@ Picker::Picker(const QString& name, QWidget* parent)
     setFixedHeight(Metric::fieldHeight);
     setMaxVisibleItems(16);
     setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_Hover);
     connect(this, &QComboBox::currentIndexChanged, this,
             [this] { setAccessibleDescription(currentData(secondRole).toString()); });
 }

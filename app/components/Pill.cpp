@@ -24,7 +24,6 @@ Pill::Pill(const PillTabs::Tab& tab, Module module, PillTabs* row)
     , m_tab(tab)
     , m_module(module)
 {
-    setAttribute(Qt::WA_Hover);
     setFont(Theme::font(Theme::FontRole::captionBold));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

@@ -127,7 +127,6 @@ ResultLine::ResultLine(QWidget* parent)
     m_valueLabel->installEventFilter(this);
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
-    setAttribute(Qt::WA_Hover);
     setToolTipDuration(Metric::lastingTip);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);

@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
-#include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QTextLayout>
@@ -255,8 +254,6 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
 void Style::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
-    if (qobject_cast<QPushButton*>(widget))
-        widget->setAttribute(Qt::WA_Hover);
     if (qobject_cast<QMenu*>(widget))
         widget->setMinimumWidth(StyleParts::menuWidth);
     if (widget->inherits("QComboBoxPrivateContainer")) {
