@@ -175,10 +175,6 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     case PE_PanelMenu:
         StyleParts::drawPopup(*painter, option->rect);
         return;
-    case PE_FrameMenu:
-    case PE_PanelMenuBar:
-    case PE_FrameLineEdit:
-        return;
     case PE_PanelTipLabel:
         StyleParts::drawTip(*painter, option->rect);
         return;
@@ -191,16 +187,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         if (option->state.testFlag(State_KeyboardFocusChange))
             Surface::drawFocusRing(*painter, option->rect, Metric::controlRadius);
         return;
-    case PE_Frame:
-        if (widget && widget->inherits("QComboBoxPrivateContainer")) {
-            StyleParts::drawPopup(*painter, option->rect);
-            return;
-        }
-        break;
     default:
-        break;
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
-    QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -223,8 +212,6 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
         }
         break;
     case CE_MenuEmptyArea:
-    case CE_MenuHMargin:
-    case CE_MenuVMargin:
         return;
     case CE_Splitter:
         painter->fillRect(option->rect, Theme::color(Token::outline));
