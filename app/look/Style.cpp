@@ -58,8 +58,6 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
         return StyleParts::menuPadding;
     case PM_ScrollBarExtent:
         return Metric::scrollBarWidth;
-    case PM_SplitterWidth:
-        return 1;
     case PM_ToolTipLabelFrameWidth:
         return 5;
     default:

@@ -121,7 +121,6 @@ QWidget* MainWindow::makeCentre()
     m_pages = new PageStack(splitter);
     splitter->addWidget(m_pages);
     sidebar->lower(); // readers go by the order of the widgets, and a splitter puts each new one first
-    splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({Sidebar::idealWidth, defaultSize.width() - Sidebar::idealWidth});
     return splitter;
