@@ -47,7 +47,7 @@ public:
 
     [[nodiscard]] int heightForWidth(int width) const override
     {
-        if (Columns::fits(width, m_minimumWidth)) {
+        if (fits(width)) {
             const int column = (width - Columns::gap) / 2;
             return std::max(height(0, column), height(1, width - Columns::gap - column));
         }
@@ -70,7 +70,7 @@ public:
     void setGeometry(const QRect& rect) override
     {
         QLayout::setGeometry(rect);
-        if (Columns::fits(rect.width(), m_minimumWidth)) {
+        if (fits(rect.width())) {
             const int column = (rect.width() - Columns::gap) / 2;
             const int second = rect.left() + column + Columns::gap;
             m_items[0]->setGeometry(QRect(rect.left(), rect.top(), column, rect.height()));
@@ -84,6 +84,8 @@ public:
     }
 
 private:
+    [[nodiscard]] bool fits(int width) const { return width >= 2 * m_minimumWidth + Columns::gap; }
+
     [[nodiscard]] int height(std::size_t index, int width) const
     {
         QLayoutItem& item = *m_items.at(index);
@@ -102,11 +104,6 @@ Columns::Columns(int minimumWidth, QWidget* left, QWidget* right, QWidget* paren
     auto* layout = new ColumnsLayout(minimumWidth, this);
     layout->addWidget(left);
     layout->addWidget(right);
-}
-
-bool Columns::fits(int width, int minimumWidth)
-{
-    return width >= 2 * minimumWidth + gap;
 }
 
 } // namespace zelta

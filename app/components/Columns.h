@@ -14,9 +14,6 @@ public:
     static constexpr int gap = 18;
 
     Columns(int minimumWidth, QWidget* left, QWidget* right, QWidget* parent = nullptr);
-
-    /// Whether this width holds twice the minimum and the gap.
-    static bool fits(int width, int minimumWidth);
 };
 
 } // namespace zelta

@@ -30,6 +30,7 @@ NumberField::NumberField(const QString& label, const QString& explanation, QWidg
     , m_explanation(explanation)
 {
     constexpr int suffixGap = 8;
+    constexpr int usualWidth = 84;
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(gap);
@@ -38,7 +39,7 @@ NumberField::NumberField(const QString& label, const QString& explanation, QWidg
             new Label(label, Theme::FontRole::captionMedium, Theme::Token::textSecondary, this));
     m_field = new QLineEdit(this);
     m_field->setFont(Theme::font(Theme::FontRole::field));
-    m_field->setFixedSize(defaultWidth, Metric::fieldHeight);
+    m_field->setFixedSize(usualWidth, Metric::fieldHeight);
     m_field->setAccessibleName(label);
     m_field->setAccessibleDescription(explanation);
     m_row->setSpacing(suffixGap);

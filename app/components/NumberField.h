@@ -15,8 +15,6 @@ class NumberField : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int defaultWidth = 84;
-
     /// How far below the top of a labelled field's widget the field itself begins: what stands beside it
     /// without a label, such as a swap button, starts there.
     static int fieldTop();

@@ -17,7 +17,7 @@ void draw(QPainter& painter, const QRectF& rect, double radius, const QColor& fi
           const QColor& outline = Qt::transparent);
 
 /// The line alone.
-void drawOutline(QPainter& painter, const QRectF& rect, double radius, const QColor& color, double width = 1);
+void drawOutline(QPainter& painter, const QRectF& rect, double radius, const QColor& color, double width);
 
 /// The 2 px ring of a focused control, inside its edge.
 void drawFocusRing(QPainter& painter, const QRectF& rect, double radius);

@@ -40,6 +40,16 @@ constexpr auto files = std::to_array<std::pair<std::string_view, std::string_vie
     {"tray.and.arrow.down", "tray-arrow-down"},
 });
 
+/// "swap-arrows" for "arrow.left.arrow.right"; other names are a file's already.
+std::string_view fileName(std::string_view name)
+{
+    for (const auto& [symbol, file] : files) {
+        if (symbol == name)
+            return file;
+    }
+    return name;
+}
+
 /// A drawing that the build has recorded, 24 units wide. Null when there is none.
 QPicture recorded(const QString& name)
 {
@@ -94,15 +104,6 @@ public:
 };
 
 } // namespace
-
-std::string_view fileName(std::string_view name)
-{
-    for (const auto& [symbol, file] : files) {
-        if (symbol == name)
-            return file;
-    }
-    return name;
-}
 
 QPixmap pixmap(std::string_view name, int size, const QColor& color, double devicePixelRatio, Stroke stroke)
 {

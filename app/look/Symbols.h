@@ -30,9 +30,6 @@ void draw(QPainter& painter, const QRectF& area, std::string_view name, int size
 /// The program's own icon, in any size.
 QIcon appIcon();
 
-/// The file that a name stands for: "swap-arrows" for "arrow.left.arrow.right".
-std::string_view fileName(std::string_view name);
-
 } // namespace Symbols
 
 } // namespace zelta

@@ -11,6 +11,8 @@ namespace zelta {
 
 namespace {
 
+constexpr auto longDelay = std::chrono::seconds(10);
+
 /// A timer of the kernel that goes on while the computer sleeps; null where there is none to be had.
 std::shared_ptr<QSocketNotifier> timerThroughSleep(std::chrono::milliseconds delay)
 {

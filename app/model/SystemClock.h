@@ -10,8 +10,6 @@ namespace zelta {
 class SystemClock final : public Clock
 {
 public:
-    static constexpr std::chrono::milliseconds longDelay = std::chrono::seconds(10);
-
     [[nodiscard]] Instant now() const override;
 
 protected:

@@ -114,8 +114,8 @@ EditMenu::EditMenu(QWidget* parent)
     refresh();
 }
 
-QAction* EditMenu::add(const QString& text, const QKeySequence& shortcut, bool Target::*able,
-                       std::function<void()> Target::*run)
+void EditMenu::add(const QString& text, const QKeySequence& shortcut, bool Target::*able,
+                   std::function<void()> Target::*run)
 {
     QAction* action = addAction(text);
     action->setShortcut(shortcut);
@@ -125,7 +125,6 @@ QAction* EditMenu::add(const QString& text, const QKeySequence& shortcut, bool T
             (target.*run)();
     });
     m_entries.push_back({action, able});
-    return action;
 }
 
 void EditMenu::follow(QWidget* focus)

@@ -23,8 +23,8 @@ protected:
 private:
     struct Target;
 
-    QAction* add(const QString& text, const QKeySequence& shortcut, bool Target::*able,
-                 std::function<void()> Target::*run);
+    void add(const QString& text, const QKeySequence& shortcut, bool Target::*able,
+             std::function<void()> Target::*run);
     void follow(QWidget* focus);
     void hearClipboard();
     void readClipboard();

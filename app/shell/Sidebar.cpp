@@ -18,6 +18,8 @@
 namespace zelta {
 namespace {
 
+constexpr int leastWidth = 268;
+constexpr int mostWidth = 320;
 constexpr int sideInset = 14;
 
 } // namespace
@@ -26,8 +28,8 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
 {
-    setMinimumWidth(minimumWidth);
-    setMaximumWidth(maximumWidth);
+    setMinimumWidth(leastWidth);
+    setMaximumWidth(mostWidth);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

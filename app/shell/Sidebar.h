@@ -18,9 +18,7 @@ class Sidebar final : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int minimumWidth = 268;
     static constexpr int idealWidth = 280;
-    static constexpr int maximumWidth = 320;
 
     Sidebar(AppModel& model, QWidget* parent);
 
