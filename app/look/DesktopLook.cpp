@@ -35,7 +35,7 @@ DesktopLook::DesktopLook(QApplication& application)
     QToolTip::setFont(Theme::font(Theme::FontRole::caption));
     apply();
     application.installEventFilter(this);
-    connect(m_portal, &SettingsPortal::colorSchemeChanged, this, &DesktopLook::apply);
+    connect(m_portal, &SettingsPortal::prefersDarkChanged, this, &DesktopLook::apply);
     connect(m_portal, &SettingsPortal::caretBlinkChanged, this, &DesktopLook::applyCaretBlink);
     m_portal->ask();
 }
@@ -67,7 +67,7 @@ void DesktopLook::readDesktopPalette()
 
 void DesktopLook::apply()
 {
-    const bool dark = m_paletteIsDark || m_portal->colorScheme() == SettingsPortal::ColorScheme::preferDark;
+    const bool dark = m_paletteIsDark || m_portal->prefersDark();
     const QPalette palette = Theme::palette(dark ? Theme::Appearance::dark : Theme::Appearance::light);
     m_isApplying = true;
     QPixmapCache::clear();

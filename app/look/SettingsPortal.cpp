@@ -51,11 +51,6 @@ SettingsPortal::SettingsPortal(QObject* parent)
     : QObject(parent)
 { }
 
-SettingsPortal::ColorScheme SettingsPortal::colorScheme() const
-{
-    return m_colorScheme;
-}
-
 void SettingsPortal::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
 {
     if (group == appearanceGroup && key == colorSchemeKey)
@@ -101,14 +96,12 @@ void SettingsPortal::readAnswer()
 
 void SettingsPortal::setColorScheme(const QVariant& value)
 {
-    bool isNumber = false;
-    const uint number = value.toUInt(&isNumber);
-    const auto scheme
-        = isNumber && number <= 2 ? static_cast<ColorScheme>(number) : ColorScheme::noPreference;
-    if (scheme == m_colorScheme)
+    constexpr uint dark = 1; // 0 is no preference, and 2 is light
+    const bool prefersDark = value.toUInt() == dark;
+    if (prefersDark == m_prefersDark)
         return;
-    m_colorScheme = scheme;
-    Q_EMIT colorSchemeChanged();
+    m_prefersDark = prefersDark;
+    Q_EMIT prefersDarkChanged();
 }
 
 void SettingsPortal::setCaretBlinks(const QVariant& value)

@@ -15,9 +15,6 @@ class SettingsPortal : public QObject
     Q_OBJECT
 
 public:
-    /// The portal's own numbers.
-    enum class ColorScheme { noPreference = 0, preferDark = 1, preferLight = 2 };
-
     explicit SettingsPortal(QObject* parent = nullptr);
 
     /// Asks, and listens from then on.
@@ -26,14 +23,14 @@ public:
     /// Takes the answer about light and dark if it is there, without waiting for the event loop to bring it.
     void hear();
 
-    /// The last answer; no preference until there is one.
-    [[nodiscard]] ColorScheme colorScheme() const;
+    /// Whether the desktop's last answer was dark; without one it prefers nothing.
+    [[nodiscard]] bool prefersDark() const { return m_prefersDark; }
 
     /// Whether carets may blink; they do until the desktop says no.
     [[nodiscard]] bool caretBlinks() const { return m_caretBlinks; }
 
 Q_SIGNALS:
-    void colorSchemeChanged();
+    void prefersDarkChanged();
     void caretBlinkChanged();
 
 private Q_SLOTS:
@@ -45,7 +42,7 @@ private:
     void setCaretBlinks(const QVariant& value);
 
     QDBusPendingCallWatcher* m_answer = nullptr; ///< To the colour scheme, until it has been read.
-    ColorScheme m_colorScheme = ColorScheme::noPreference;
+    bool m_prefersDark = false;
     bool m_caretBlinks = true;
 };
 

@@ -197,16 +197,15 @@ TEST_F(DesktopPortalTest, LetsCaretsStandStillWhereTheDesktopWantsIt)
 
 TEST_F(DesktopPortalTest, HearsOfTheColourSchemeOnly)
 {
-    portal->setAnswer(preferLight);
     SettingsPortal heard;
-    const QSignalSpy changes(&heard, &SettingsPortal::colorSchemeChanged);
-    const auto hears = [&heard](SettingsPortal::ColorScheme scheme) {
-        return QTest::qWaitFor([&] { return heard.colorScheme() == scheme; });
-    };
+    const QSignalSpy changes(&heard, &SettingsPortal::prefersDarkChanged);
     heard.ask();
-    EXPECT_TRUE(hears(SettingsPortal::ColorScheme::preferLight));
+    EXPECT_TRUE(QTest::qWaitFor([&heard] { return heard.prefersDark(); }));
+    portal->setColorScheme(preferLight);
+    EXPECT_TRUE(QTest::qWaitFor([&heard] { return !heard.prefersDark(); }));
     portal->tell(QStringLiteral("contrast"), 1);
-    portal->setColorScheme(0);
-    EXPECT_TRUE(hears(SettingsPortal::ColorScheme::noPreference));
+    portal->setCaretBlinks(false); // heard after what was told before
+    EXPECT_TRUE(QTest::qWaitFor([&heard] { return !heard.caretBlinks(); }));
+    portal->setCaretBlinks(true);
     EXPECT_EQ(changes.count(), 2) << "a higher contrast is not a darker look";
 }
