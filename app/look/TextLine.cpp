@@ -2,7 +2,6 @@
 
 #include <QPainter>
 #include <QTextOption>
-#include <QtMath>
 
 namespace zelta {
 
@@ -23,7 +22,6 @@ void TextLine::set(const QString& text, const QFont& font)
     line.setLineWidth(unlimited);
     m_layout.endLayout();
     m_advance = line.horizontalAdvance();
-    m_width = qCeil(m_advance);
 }
 
 void TextLine::draw(QPainter& painter, double x, double baseline) const

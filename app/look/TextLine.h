@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QString>
 #include <QTextLayout>
+#include <QtMath>
 
 class QPainter;
 
@@ -21,7 +22,7 @@ public:
 
     /// Whole pixels that hold the text. The font's own figure is fractional: cut to whole pixels it is too
     /// narrow, and the text would end in an ellipsis.
-    [[nodiscard]] int width() const { return m_width; }
+    [[nodiscard]] int width() const { return qCeil(m_advance); }
 
     /// The width as the font has it, in fractions of a pixel.
     [[nodiscard]] double advance() const { return m_advance; }
@@ -35,7 +36,6 @@ public:
 private:
     QTextLayout m_layout;
     double m_advance = 0;
-    int m_width = 0;
 };
 
 } // namespace zelta

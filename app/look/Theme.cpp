@@ -143,8 +143,7 @@ QColor tint(Module module)
 {
     const Tint tint = zelta::tint(module);
     return QColor::fromRgbF(static_cast<float>(tint.red), static_cast<float>(tint.green),
-                            static_cast<float>(tint.blue))
-        .toRgb();
+                            static_cast<float>(tint.blue));
 }
 
 QColor ink(Module module)
