@@ -56,7 +56,7 @@ class DesktopPortalTest : public DesktopLookTest
 protected:
     static void SetUpTestSuite()
     {
-        portal = new test::StandInPortal(preferDark);
+        portal = new test::StandInPortal;
         address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
         ASSERT_TRUE(portal->isReady());
     }

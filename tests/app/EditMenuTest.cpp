@@ -215,14 +215,13 @@ TEST_F(EditMenuTest, AsksTheClipboardsOwnerWhenItIsOpened)
 {
     int questions = 0;
     field.setFocus();
-    const int before = questions;
     QGuiApplication::clipboard()->setMimeData(new CountingData(questions));
     QTest::keyClicks(&field, QStringLiteral("12"));
     field.selectAll();
     paragraph.setFocus();
-    EXPECT_EQ(questions, before) << "it may hang";
+    EXPECT_EQ(questions, 0) << "it may hang";
     Q_EMIT menu.aboutToShow();
-    EXPECT_GT(questions, before);
+    EXPECT_GT(questions, 0);
     EXPECT_EQ(able(), "Paste");
 }
 

@@ -1,4 +1,4 @@
-// A board of the components for people who work on the look: `gallery [--dark] [--save FILE.png]`.
+// A board of the components for people who work on the look: `gallery [--dark] [--question]`.
 
 #include "app/components/Card.h"
 #include "app/components/Columns.h"
@@ -25,7 +25,6 @@
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QVBoxLayout>
-#include <array>
 
 using namespace zelta;
 

@@ -3,7 +3,6 @@
 #include "app/model/AppInfo.h"
 #include "app/model/Text.h"
 #include "app/pages/SelectableTextEditor.h"
-#include "app/shell/EditMenu.h"
 #include "app/shell/Lifetime.h"
 #include "app/shell/MainWindow.h"
 #include "app/shell/PageChrome.h"

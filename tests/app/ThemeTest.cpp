@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFontInfo>
 #include <QImage>
 #include <algorithm>
 #include <cmath>

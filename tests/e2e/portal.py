@@ -9,9 +9,7 @@ from gi.repository import Gio, GLib
 
 INTERFACE = """<node><interface name='org.freedesktop.portal.Settings'>
   <method name='Read'><arg type='s' direction='in'/><arg type='s' direction='in'/><arg type='v' direction='out'/></method>
-  <method name='ReadAll'><arg type='as' direction='in'/><arg type='a{sa{sv}}' direction='out'/></method>
   <signal name='SettingChanged'><arg type='s'/><arg type='s'/><arg type='v'/></signal>
-  <property name='version' type='u' access='read'/>
 </interface></node>"""
 NAME, PATH = "org.freedesktop.portal.Settings", "/org/freedesktop/portal/desktop"
 NAMESPACE, KEY = "org.freedesktop.appearance", "color-scheme"
@@ -31,16 +29,14 @@ class Portal:
     def serve(self, connection, _name):
         self.connection = connection
         interface = Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0]
-        connection.register_object(PATH, interface, self.answer, lambda *_: GLib.Variant("u", 1), None)
+        connection.register_object(PATH, interface, self.answer, None, None)
 
     @staticmethod
     def say_ready(*_):
         print("ready", flush=True)
 
-    def answer(self, _connection, _sender, _path, _interface, method, arguments, invocation):
-        if method == "ReadAll":
-            invocation.return_value(GLib.Variant("(a{sa{sv}})", [{NAMESPACE: {KEY: self.value()}}]))
-        elif arguments.unpack() == (NAMESPACE, KEY):
+    def answer(self, _connection, _sender, _path, _interface, _method, arguments, invocation):
+        if arguments.unpack() == (NAMESPACE, KEY):
             # Read wraps its answer twice, as the real one does.
             invocation.return_value(GLib.Variant("(v)", [GLib.Variant("v", self.value())]))
         else:

@@ -127,7 +127,7 @@ class Program:
             command, env=screen.environment | environment, stdout=self.log, stderr=self.log, stdin=subprocess.DEVNULL
         )
         try:
-            desktop.wait_for(self.window, "the program's window on the accessibility bus", 30)
+            desktop.wait_for(self.root, "the program's window on the accessibility bus", 30)
             self.wait_until_focused()
         except AssertionError as trouble:
             status, tree = self.process.poll(), screen.run(["xwininfo", "-root", "-tree"])
@@ -164,8 +164,6 @@ class Program:
     def root(self):
         """The main window."""
         return next((window for window in self.windows() if window.role == "frame"), None)
-
-    window = root
 
     def shown(self):
         """Everything on the screen, of all windows."""

@@ -5,10 +5,6 @@
 
 namespace zelta::test {
 
-HandClock::HandClock(Instant now)
-    : m_now(now)
-{ }
-
 void HandClock::advance(std::chrono::milliseconds duration)
 {
     const auto end = m_elapsed + duration;

@@ -14,8 +14,6 @@ public:
     /// Saturday, 7 March 2026, 12:00:00 UTC.
     static constexpr Instant noon = Instant(std::chrono::seconds(1'772'884'800));
 
-    explicit HandClock(Instant now = noon);
-
     [[nodiscard]] Instant now() const override { return m_now; }
 
     /// Moves time on, running what falls due in the order in which it falls due.
@@ -34,7 +32,7 @@ private:
         Fire fire;
     };
 
-    Instant m_now;
+    Instant m_now = noon;
     std::chrono::microseconds m_elapsed {};
     std::list<Alarm> m_alarms;
 };

@@ -18,9 +18,8 @@ QVariant variant(const QVariant& value)
 
 } // namespace
 
-StandInPortal::StandInPortal(unsigned colorScheme)
+StandInPortal::StandInPortal()
     : m_bus(connectionName)
-    , m_colorScheme(colorScheme)
 {
     m_daemon.start(
         QStringLiteral("dbus-daemon"),

@@ -12,7 +12,7 @@ class StandInPortal : public QDBusVirtualObject
 {
 public:
     /// Starts the bus, points DBUS_SESSION_BUS_ADDRESS to it and takes the portal's name.
-    explicit StandInPortal(unsigned colorScheme);
+    StandInPortal();
     ~StandInPortal() override;
 
     /// Whether the bus runs and the portal has its name.
@@ -38,7 +38,7 @@ private:
 
     QProcess m_daemon;
     QDBusConnection m_bus;
-    unsigned m_colorScheme;
+    unsigned m_colorScheme = 0;
     bool m_caretBlinks = true;
     bool m_isReady = false;
 };
