@@ -1,7 +1,6 @@
 #include "app/look/Style.h"
 
 #include "app/look/StyleParts.h"
-#include "app/look/Surface.h"
 #include "app/look/SymbolIconEngine.h"
 #include "app/look/Theme.h"
 
@@ -151,8 +150,7 @@ QRect Style::subElementRect(SubElement element, const QStyleOption* option, cons
         return option->rect.adjusted(padding, 1, -padding, -1).translated(0, lower);
     }
     // The whole control is what is pressed, and what assistive technology frames.
-    if (element == SE_PushButtonFocusRect || element == SE_CheckBoxClickRect
-        || element == SE_RadioButtonClickRect)
+    if (element == SE_CheckBoxClickRect || element == SE_RadioButtonClickRect)
         return option->rect;
     return QProxyStyle::subElementRect(element, option, widget);
 }
@@ -180,10 +178,6 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         // A frameless field draws on what is below it.
         if (const auto* field = qobject_cast<const QLineEdit*>(widget); !field || field->hasFrame())
             StyleParts::drawField(*painter, option->rect, option->state.testFlag(State_HasFocus));
-        return;
-    case PE_FrameFocusRect:
-        if (option->state.testFlag(State_KeyboardFocusChange))
-            Surface::drawFocusRing(*painter, option->rect, Metric::controlRadius);
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);

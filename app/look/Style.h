@@ -5,8 +5,7 @@
 namespace zelta {
 
 /// Draws Qt's own widgets in the theme's look: menu bar, menus, tool tips, text fields, scroll bars, splitter
-/// handles, focus rings. Everything else is left to Qt's Fusion style. Colours are read while
-/// painting.
+/// handles. Everything else is left to Qt's Fusion style. Colours are read while painting.
 class Style : public QProxyStyle
 {
     Q_OBJECT
