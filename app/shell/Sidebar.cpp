@@ -10,7 +10,6 @@
 #include "app/model/Text.h"
 #include "app/shell/SidebarRow.h"
 
-#include <QButtonGroup>
 #include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -70,7 +69,6 @@ QWidget* Sidebar::makeRows()
     auto* layout = new QVBoxLayout(list);
     layout->setContentsMargins(7, 0, 7, 0);
     layout->setSpacing(1);
-    auto* group = new QButtonGroup(this);
     for (const Module module : allCases<Module>()) {
         auto* row = new SidebarRow(module, toQt(m_model.subtitle(module)), list);
         // Not `clicked`: assistive technology checks a button without a click.
@@ -78,7 +76,6 @@ QWidget* Sidebar::makeRows()
             if (isOn && module != m_model.selection())
                 m_model.setSelection(module);
         });
-        group->addButton(row);
         layout->addWidget(row);
         m_rows[static_cast<std::size_t>(module)] = row;
     }

@@ -29,7 +29,6 @@ SidebarRow::SidebarRow(Module module, const QString& subtitle, QWidget* parent)
 {
     setSubtitle(subtitle);
     setFont(Theme::font(Theme::FontRole::rowTitle));
-    setFocusPolicy(Qt::TabFocus);
     QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
