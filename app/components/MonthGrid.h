@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/components/DayTile.h"
-#include "core/DateOptions.h"
 
 #include <QWidget>
 #include <array>
