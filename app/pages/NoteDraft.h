@@ -4,6 +4,7 @@
 #include "core/Note.h"
 #include "core/Uuid.h"
 
+#include <compare>
 #include <cstddef>
 #include <deque>
 #include <string_view>
@@ -18,7 +19,7 @@ struct ParagraphKey
     Uuid id;
     int occurrence = 0; ///< How many paragraphs of the same id stand before this one.
 
-    friend bool operator==(const ParagraphKey&, const ParagraphKey&) = default;
+    friend auto operator<=>(const ParagraphKey&, const ParagraphKey&) = default;
 };
 
 /// The keys of a note's paragraphs, in their order.

@@ -11,7 +11,7 @@
 #include <QScrollBar>
 #include <QtMath>
 #include <algorithm>
-#include <unordered_map>
+#include <map>
 #include <utility>
 
 namespace zelta {
@@ -101,28 +101,22 @@ void ParagraphColumn::keepInSight(const std::vector<Place>& places)
 /// Gives the new rows the editors that the old ones of the same key have.
 void ParagraphColumn::reuseRows(std::vector<Row>& rows)
 {
-    std::unordered_map<Uuid, std::vector<TextBlockEditor*>> made;
+    std::map<ParagraphKey, Row*> made;
     for (Row& row : m_rows) {
-        std::vector<TextBlockEditor*>& editors = made[row.key.id];
-        editors.resize(std::max(editors.size(), static_cast<std::size_t>(row.key.occurrence) + 1));
-        editors[static_cast<std::size_t>(row.key.occurrence)] = row.editor;
+        if (row.editor != nullptr)
+            made.emplace(row.key, &row);
     }
     for (Row& row : rows) {
-        const auto found = made.find(row.key.id);
-        const auto occurrence = static_cast<std::size_t>(row.key.occurrence);
-        if (found == made.end() || occurrence >= found->second.size())
+        const auto old = made.find(row.key);
+        if (old == made.end())
             continue;
-        row.editor = std::exchange(found->second[occurrence], nullptr);
-        if (row.editor == nullptr)
-            continue;
-        const auto old = std::ranges::find(m_rows, row.editor, &Row::editor);
-        row.height = old->height;
-        old->editor = nullptr;
+        row.editor = std::exchange(old->second->editor, nullptr);
+        row.height = old->second->height;
     }
 }
 
 /// Rows that leave the screen hand on what was typed, and go.
-void ParagraphColumn::dropRows(std::vector<Row>& rows)
+void ParagraphColumn::dropRows(const std::vector<Row>& rows)
 {
     for (const Row& row : rows) {
         if (row.editor == nullptr)
@@ -133,7 +127,6 @@ void ParagraphColumn::dropRows(std::vector<Row>& rows)
         row.editor->hide();
         row.editor->deleteLater();
     }
-    rows.clear();
 }
 
 void ParagraphColumn::publishNow()

@@ -72,7 +72,7 @@ private:
     [[nodiscard]] std::vector<Place> placesInSight() const;
     void keepInSight(const std::vector<Place>& places);
     void reuseRows(std::vector<Row>& rows);
-    void dropRows(std::vector<Row>& rows);
+    void dropRows(const std::vector<Row>& rows);
     void makeEditor(Row& row);
     void placeRows();
     void measureRows();
