@@ -113,9 +113,8 @@ HistoryCard* HistoryList::card(std::int64_t id) const
 
 void HistoryList::resizeEvent(QResizeEvent* event)
 {
-    if (event->size().width() == event->oldSize().width())
-        return; // its own height, which follows from the cards
-    if (m_entries.empty())
+    // Its height follows from the cards themselves.
+    if (event->size().width() == event->oldSize().width() || m_entries.empty())
         return;
     // The point of a card that is at the top of the view stays there, though the card gets other lines.
     const std::size_t topmost = entryAt(m_seenTop);

@@ -38,6 +38,8 @@ public:
     /// The card whose entry's id is marked shows a check mark.
     void showCopied(const CopyMark& mark);
 
+    [[nodiscard]] const std::vector<HistoryEntry>& entries() const { return m_entries; }
+
     /// The card of an entry; null when it is not made yet or there is none.
     [[nodiscard]] HistoryCard* card(std::int64_t id) const;
 

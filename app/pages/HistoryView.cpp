@@ -19,8 +19,10 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace zelta {
 
@@ -160,9 +162,6 @@ QWidget* HistoryView::makeEmptyState()
 void HistoryView::load()
 {
     std::vector<HistoryEntry> entries = m_model.store().history(mostEntries);
-    m_ids.clear();
-    for (const HistoryEntry& entry : entries)
-        m_ids.push_back(entry.id);
     if (entries.empty() && isAncestorOf(window()->focusWidget()))
         setFocus(); // what had it goes or is disabled, and Qt would go on to another part of the window
     m_count->setText(toQt(std::to_string(entries.size()) + " saved"));
@@ -187,10 +186,12 @@ void HistoryView::copy(const HistoryEntry& entry)
 void HistoryView::remove(const HistoryEntry& entry)
 {
     const std::int64_t id = entry.id;
-    const auto at = static_cast<std::size_t>(std::ranges::find(m_ids, id) - m_ids.begin());
+    const std::vector<HistoryEntry>& entries = m_list->entries();
+    const auto at
+        = static_cast<std::size_t>(std::ranges::find(entries, id, &HistoryEntry::id) - entries.begin());
     const HistoryCard* card = m_list->card(id);
-    const bool hadFocus = m_ids.size() > 1 && card != nullptr && card->deleteButton()->hasFocus();
-    const std::int64_t next = hadFocus ? m_ids[at + 1 < m_ids.size() ? at + 1 : at - 1] : 0;
+    const bool hadFocus = entries.size() > 1 && card != nullptr && card->deleteButton()->hasFocus();
+    const std::int64_t next = hadFocus ? entries[at + 1 < entries.size() ? at + 1 : at - 1].id : 0;
     // Whoever deletes with the keyboard goes on with the next entry: before this one goes, or Qt would pass
     // the focus on to a stranger first, and again, where that card comes into view only now.
     const auto goOn = [this, hadFocus, next] {

@@ -5,8 +5,6 @@
 #include "core/HistoryEntry.h"
 
 #include <QWidget>
-#include <cstdint>
-#include <vector>
 
 class QScrollBar;
 
@@ -27,9 +25,8 @@ class HistoryView : public QWidget
 public:
     explicit HistoryView(AppModel& model, QWidget* parent = nullptr);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -47,7 +44,6 @@ private:
     void confirmClearing();
 
     AppModel& m_model;
-    std::vector<std::int64_t> m_ids; ///< Of the entries shown, in their order.
     Label* m_count = nullptr;
     Button* m_clear = nullptr;
     HistoryList* m_list = nullptr;
