@@ -63,7 +63,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 } // namespace
 
 CalculatorDisplay::CalculatorDisplay(QWidget* parent)
-    : QLabel(parent)
+    : QWidget(parent)
     , m_expressionLabel(new Label({}, Theme::FontRole::body, Theme::Token::textSecondary, this))
     , m_numberLabel(new Announcement({}, Theme::FontRole::calculatorNumber, Theme::Token::text, this))
 {
@@ -71,6 +71,7 @@ CalculatorDisplay::CalculatorDisplay(QWidget* parent)
     setFocusPolicy(Qt::TabFocus);
     setToolTipDuration(Metric::lastingTip);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setFixedHeight(expressionHeight + numberHeight + 2 * edge);
     for (Label* label : {m_expressionLabel, static_cast<Label*>(m_numberLabel)})
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
@@ -95,16 +96,6 @@ void CalculatorDisplay::announceNumber()
     m_numberLabel->announce();
 }
 
-QSize CalculatorDisplay::sizeHint() const
-{
-    return {0, expressionHeight + numberHeight + 2 * edge};
-}
-
-QSize CalculatorDisplay::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
 void CalculatorDisplay::fit()
 {
     const int room = width() - 2 * sidePadding;
@@ -122,7 +113,7 @@ void CalculatorDisplay::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Space)
         Q_EMIT copyRequested();
     else
-        QLabel::keyPressEvent(event);
+        QWidget::keyPressEvent(event);
 }
 
 void CalculatorDisplay::paintEvent(QPaintEvent* /*event*/)
@@ -135,7 +126,7 @@ void CalculatorDisplay::paintEvent(QPaintEvent* /*event*/)
 
 void CalculatorDisplay::resizeEvent(QResizeEvent* event)
 {
-    QLabel::resizeEvent(event);
+    QWidget::resizeEvent(event);
     const int room = width() - 2 * sidePadding;
     m_expressionLabel->setGeometry(sidePadding, edge, room, expressionHeight);
     m_numberLabel->setGeometry(sidePadding, edge + expressionHeight, room, numberHeight);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QLabel>
+#include <QWidget>
 
 namespace zelta {
 
@@ -10,7 +10,7 @@ class Label;
 /// The calculator's display: the pending expression above the number, both at the right. A long number
 /// shrinks, and one that is still too wide is elided in the middle, with the whole text as hover help. Takes
 /// the focus by Tab; Space copies.
-class CalculatorDisplay final : public QLabel
+class CalculatorDisplay final : public QWidget
 {
     Q_OBJECT
 
@@ -26,9 +26,6 @@ public:
     void announceNumber();
 
     [[nodiscard]] const QString& number() const { return m_number; }
-
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     void copyRequested();

@@ -35,11 +35,6 @@ QSize KeypadKey::sizeHint() const
     return {Keypad::shortKey, Keypad::shortKey};
 }
 
-QSize KeypadKey::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
 void KeypadKey::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);

@@ -19,7 +19,6 @@ public:
     [[nodiscard]] const CalculatorKey& key() const { return m_key; }
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

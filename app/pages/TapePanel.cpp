@@ -61,16 +61,6 @@ void TapeLine::setTextWidth(int pixels)
     update();
 }
 
-QSize TapeLine::sizeHint() const
-{
-    return {0, lineHeight};
-}
-
-QSize TapeLine::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
 TapeLine::Texts TapeLine::fitted() const
 {
     const QRect place(bleed, 0, m_textWidth, height());

@@ -35,9 +35,6 @@ public:
     /// The texts keep this width when a scroll bar narrows the line.
     void setTextWidth(int pixels);
 
-    [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override;
-
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
