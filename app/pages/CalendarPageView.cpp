@@ -46,7 +46,6 @@ IconButton* borderedIcon(std::string_view symbol, const QString& help, QWidget* 
     auto* button = new IconButton(symbol, help, parent);
     button->setLook(Button::Look::bordered);
     button->setSymbolSize(16);
-    button->setInk(Theme::Token::text);
     return button;
 }
 
@@ -97,9 +96,9 @@ QWidget* CalendarPageView::makeMonthCard()
 
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(buttonGap);
-    for (QWidget* button :
-         {static_cast<QWidget*>(previous), static_cast<QWidget*>(today), static_cast<QWidget*>(next)})
-        buttons->addWidget(button);
+    buttons->addWidget(previous);
+    buttons->addWidget(today);
+    buttons->addWidget(next);
     auto* head = new QHBoxLayout;
     head->setContentsMargins(0, 0, 0, belowHead);
     head->addLayout(baselineRow(m_title, m_summary));

@@ -37,7 +37,6 @@ DateInput::DateInput(const QString& name, AppModel& model, QWidget* parent)
     m_pickerButton->setLook(Button::Look::bordered);
     m_pickerButton->setSide(Metric::fieldHeight);
     m_pickerButton->setAccessibleDescription(name);
-    m_pickerButton->setInk(Theme::Token::text);
     connect(m_pickerButton, &QPushButton::clicked, this, &DateInput::openPicker);
     row->add(m_pickerButton);
 

@@ -24,7 +24,6 @@ NotesToolbar::NotesToolbar(QWidget* parent)
     for (IconButton* button : {undo, redo}) {
         button->setLook(Button::Look::bordered);
         button->setSymbolSize(symbolSize);
-        button->setInk(Theme::Token::text);
     }
     copy->setToolTip(QStringLiteral("Copy the whole note as plain text — tables come as aligned columns"));
     remove->setToolTip(QStringLiteral("Delete this note for good"));
