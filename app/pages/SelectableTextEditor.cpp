@@ -38,6 +38,11 @@ bool isInsideCharacter(const QTextCursor& cursor)
     return !block.layout()->isValidCursorPosition(cursor.position() - block.position());
 }
 
+QTextCursor::MoveMode moveMode(const QKeyEvent& event)
+{
+    return event.modifiers().testFlag(Qt::ShiftModifier) ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
+}
+
 /// Whether a code point is one of those that make one picture of several: a flag's letters, a joiner, the
 /// frame of a key, tones of the skin, tags, or the choice of the coloured form.
 bool joinsPictures(char32_t point)
@@ -97,7 +102,7 @@ SelectableTextEditor::SelectableTextEditor(QWidget* parent)
             Q_EMIT caretMoved(cursorRect());
     });
     connect(m_layout, &QAbstractTextDocumentLayout::documentSizeChanged, this,
-            [this] { Q_EMIT textHeightChanged(); });
+            &SelectableTextEditor::textHeightChanged);
 }
 
 void SelectableTextEditor::setText(const QString& text)
@@ -230,9 +235,7 @@ void SelectableTextEditor::stepOutOfCharacter(const QKeyEvent& event)
     if (!isInsideCharacter(cursor))
         return;
     const auto on = event.key() == Qt::Key_Right ? QTextCursor::Right : QTextCursor::Left;
-    const auto mode
-        = (event.modifiers() & Qt::ShiftModifier) != 0 ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
-    while (isInsideCharacter(cursor) && cursor.movePosition(on, mode)) { }
+    while (isInsideCharacter(cursor) && cursor.movePosition(on, moveMode(event))) { }
     setTextCursor(cursor);
 }
 
@@ -247,9 +250,7 @@ void SelectableTextEditor::stepToOtherLine(QKeyEvent& event)
     if (!there.isValid())
         return;
     const int crossed = (isForward ? there : here).position() - 1;
-    cursor.setPosition(isForward ? crossed + 1 : crossed,
-                       (event.modifiers() & Qt::ShiftModifier) != 0 ? QTextCursor::KeepAnchor
-                                                                    : QTextCursor::MoveAnchor);
+    cursor.setPosition(isForward ? crossed + 1 : crossed, moveMode(event));
     setTextCursor(cursor);
     if (m_text.isBetweenPieces(crossed))
         QTextEdit::keyPressEvent(&event);
@@ -298,8 +299,7 @@ void SelectableTextEditor::followEdit(int from, int removed, int added)
         m_text.replace(from, removed, inserted);
         return;
     }
-    const QString all = document()->toRawText();
-    m_text.replaceAll(all);
+    m_text.replaceAll(document()->toRawText());
 }
 
 void SelectableTextEditor::applyDirection()
@@ -346,9 +346,7 @@ bool SelectableTextEditor::movePage(const QKeyEvent& event)
     QPoint target = cursorRect().center();
     target.ry() += event.key() == Qt::Key_PageDown ? page : -page;
     QTextCursor cursor = textCursor();
-    cursor.setPosition(cursorForPosition(target).position(),
-                       (event.modifiers() & Qt::ShiftModifier) != 0 ? QTextCursor::KeepAnchor
-                                                                    : QTextCursor::MoveAnchor);
+    cursor.setPosition(cursorForPosition(target).position(), moveMode(event));
     setTextCursor(cursor);
     return true;
 }
