@@ -23,6 +23,8 @@ constexpr int bottomPadding = 10;
 constexpr int leftPadding = 10;
 constexpr int rightPadding = 12; // the scroll handle lies inside it
 constexpr int rowSpacing = 4;
+constexpr int minHeight = 34;
+constexpr int lastMinHeight = 440; // the last one fills the page, so a click below the text lands in it
 
 } // namespace
 
@@ -144,10 +146,14 @@ void ParagraphColumn::focusParagraph(std::size_t at)
         placeRows();
         chainTabs();
     }
-    SelectableTextEditor* editor = m_rows[at].editor->editor();
-    editor->setFocus(Qt::OtherFocusReason);
-    const QRect caret = editor->cursorRect().translated(editor->mapTo(m_content, QPoint()));
-    ensureVisible(caret.center().x(), caret.center().y(), 0, caret.height());
+    SelectableTextEditor& editor = *m_rows[at].editor->editor();
+    editor.setFocus(Qt::OtherFocusReason);
+    bringIntoSight(editor, editor.cursorRect());
+}
+
+void ParagraphColumn::bringIntoSight(const SelectableTextEditor& editor, const QRect& caret)
+{
+    ensureVisible(0, editor.mapTo(m_content, caret.center()).y(), 0, caret.height());
 }
 
 std::optional<std::size_t> ParagraphColumn::focusedParagraph() const
@@ -198,11 +204,8 @@ void ParagraphColumn::makeEditor(Row& row)
         if (const auto at = placeOf(made))
             Q_EMIT removeRequested(*at);
     });
-    connect(made->editor(), &SelectableTextEditor::caretMoved, this, [this, made](const QRect& caret) {
-        const QPoint origin = made->editor()->mapTo(m_content, QPoint());
-        const QPoint middle = origin + caret.center();
-        ensureVisible(0, middle.y(), 0, caret.height());
-    });
+    connect(made->editor(), &SelectableTextEditor::caretMoved, this,
+            [this, made](const QRect& caret) { bringIntoSight(*made->editor(), caret); });
     connect(made->editor(), &SelectableTextEditor::focusChanged, this, [this](bool focused) {
         if (focused)
             placeRows(); // Tab needs the neighbours
@@ -297,7 +300,7 @@ int ParagraphColumn::rowWidth() const
 int ParagraphColumn::estimatedHeight(const std::string& text) const
 {
     const qreal character = QFontMetricsF(Theme::font(Theme::FontRole::body)).averageCharWidth();
-    const qreal lines = std::ceil(static_cast<qreal>(text.size()) * character / std::max(1, rowWidth()));
+    const qreal lines = static_cast<qreal>(text.size()) * character / std::max(1, rowWidth());
     return qCeil(std::max(1.0, lines)) * ParagraphLayout::minimumLineHeight + ParagraphLayout::inset.top()
         + ParagraphLayout::inset.bottom();
 }

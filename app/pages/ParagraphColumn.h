@@ -11,6 +11,7 @@
 
 namespace zelta {
 
+class SelectableTextEditor;
 class TextBlockEditor;
 
 /// A note's paragraphs one below the other. A row keeps its editor, with caret and typing history, while
@@ -21,10 +22,6 @@ class ParagraphColumn final : public ScrollArea
     Q_OBJECT
 
 public:
-    static constexpr int lastMinHeight
-        = 440; // the last one fills the page, so a click below the text lands in it
-    static constexpr int minHeight = 34;
-
     explicit ParagraphColumn(Clock& clock, QWidget* parent = nullptr);
 
     /// Shows the note's paragraphs as they are now; nothing for none.
@@ -78,6 +75,7 @@ private:
     void measureRows();
     bool makeEditorsInSight();
     void chainTabs();
+    void bringIntoSight(const SelectableTextEditor& editor, const QRect& caret);
     [[nodiscard]] int rowWidth() const;
     [[nodiscard]] int estimatedHeight(const std::string& text) const;
     std::optional<std::size_t> placeOf(const TextBlockEditor* editor) const;
