@@ -94,16 +94,25 @@ ConverterView::ConverterView(AppModel& model, QWidget* parent)
     m_column->addWidget(makeInput());
     m_results = new ResultList(model, std::nullopt, QStringLiteral("Type an amount to convert it."), this);
     m_column->addWidget(m_results);
-    auto* references = makeReferenceCard(this);
-    m_referenceLines = makeLines(references, model);
-    m_references = references;
+    m_references = makeReferenceCard(this);
+    m_referenceLines = makeLines(m_references, model);
     m_column->addWidget(m_references);
 
     connect(m_tabs, &PillTabs::selected, this, &ConverterView::choose);
     connect(m_amount, &NumberField::textEdited, this, &ConverterView::showAnswer);
-    connect(m_from, &QComboBox::activated, this, &ConverterView::choosePicked);
-    connect(m_to, &QComboBox::activated, this, &ConverterView::choosePicked);
+    connect(m_from, &QComboBox::activated, this, &ConverterView::showAnswer);
+    connect(m_to, &QComboBox::activated, this, &ConverterView::showAnswer);
     restore();
+}
+
+std::string ConverterView::fromId() const
+{
+    return toUtf8(m_from->currentData().toString());
+}
+
+std::string ConverterView::toId() const
+{
+    return toUtf8(m_to->currentData().toString());
 }
 
 QWidget* ConverterView::makeInput()
@@ -180,37 +189,25 @@ void ConverterView::choose(const QString& kindId)
 void ConverterView::adopt(UnitKind kind)
 {
     m_kind = kind;
-    const auto [from, to] = Converter::startingPair(kind);
-    m_fromId = from;
-    m_toId = to;
-    for (Picker* picker : {m_from, m_to}) {
+    const auto offer = [kind](Picker* picker, std::string_view chosen) {
         picker->clear();
         for (const UnitDef& unit : units(kind))
             picker->addEntry(toQt(unit.name), toQt(unit.symbol), toQt(unit.id));
-    }
-    showUnits();
+        picker->setCurrentIndex(picker->findData(toQt(chosen)));
+    };
+    const auto [from, to] = Converter::startingPair(kind);
+    offer(m_from, from);
+    offer(m_to, to);
     showReferences();
     showAnswer();
 }
 
 void ConverterView::swap()
 {
-    std::swap(m_fromId, m_toId);
-    showUnits();
+    const int from = m_from->currentIndex(); // both offer the same units
+    m_from->setCurrentIndex(m_to->currentIndex());
+    m_to->setCurrentIndex(from);
     showAnswer();
-}
-
-void ConverterView::choosePicked()
-{
-    m_fromId = toUtf8(m_from->currentData().toString());
-    m_toId = toUtf8(m_to->currentData().toString());
-    showAnswer();
-}
-
-void ConverterView::showUnits()
-{
-    m_from->setCurrentIndex(m_from->findData(toQt(m_fromId)));
-    m_to->setCurrentIndex(m_to->findData(toQt(m_toId)));
 }
 
 void ConverterView::showReferences()
@@ -229,7 +226,7 @@ void ConverterView::showReferences()
 
 void ConverterView::showAnswer()
 {
-    m_results->setRows(Converter::rows(m_kind, m_fromId, m_toId, toUtf8(m_amount->text())), {});
+    m_results->setRows(Converter::rows(m_kind, fromId(), toId(), toUtf8(m_amount->text())), {});
 }
 
 } // namespace zelta

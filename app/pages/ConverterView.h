@@ -10,6 +10,7 @@ class QVBoxLayout;
 namespace zelta {
 
 class AppModel;
+class Card;
 class NumberField;
 class Picker;
 class PillTabs;
@@ -26,8 +27,8 @@ public:
     explicit ConverterView(AppModel& model, QWidget* parent = nullptr);
 
     [[nodiscard]] UnitKind kind() const { return m_kind; }
-    [[nodiscard]] const std::string& fromId() const { return m_fromId; }
-    [[nodiscard]] const std::string& toId() const { return m_toId; }
+    [[nodiscard]] std::string fromId() const;
+    [[nodiscard]] std::string toId() const;
 
 private:
     QWidget* makeInput();
@@ -38,15 +39,11 @@ private:
     void choose(const QString& kindId);
     void adopt(UnitKind kind);
     void swap();
-    void choosePicked();
-    void showUnits();
     void showReferences();
     void showAnswer();
 
     AppModel& m_model;
     UnitKind m_kind = UnitKind::length;
-    std::string m_fromId;
-    std::string m_toId;
 
     QVBoxLayout* m_column;
     PillTabs* m_tabs;
@@ -54,7 +51,7 @@ private:
     Picker* m_from;
     Picker* m_to;
     ResultList* m_results = nullptr; ///< Made after the fields: readers and Tab go by age.
-    QWidget* m_references = nullptr; ///< The common conversions of lengths or weights.
+    Card* m_references = nullptr; ///< The common conversions of lengths or weights.
     ResultLines* m_referenceLines = nullptr;
     QWidget* m_temperatures = nullptr; ///< Those of temperatures with the ladder; made when first shown.
 };
