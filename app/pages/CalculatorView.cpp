@@ -14,7 +14,6 @@
 #include "app/pages/ShortcutsPanel.h"
 #include "app/pages/TapePanel.h"
 
-#include <QAction>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QVBoxLayout>
@@ -31,7 +30,6 @@ constexpr int narrowKeypad = 280;
 constexpr int wideKeypad = 380;
 constexpr int narrowTape = 278;
 
-// Keys shrink with the window's height down to its smallest.
 /// From here on a shorter tape and the shortcuts fit the window together.
 constexpr int roomyWindow = 730;
 constexpr int shortTape = 240;
@@ -135,11 +133,8 @@ QWidget* CalculatorView::makeRightColumn()
 void CalculatorView::makeDisplayMenu()
 {
     m_display->setContextMenuPolicy(Qt::ActionsContextMenu);
-    auto* copyAction = new QAction(QStringLiteral("Copy"), m_display);
-    auto* saveAction = new QAction(QStringLiteral("Save to history"), m_display);
-    connect(copyAction, &QAction::triggered, this, &CalculatorView::copyDisplay);
-    connect(saveAction, &QAction::triggered, this, &CalculatorView::saveToHistory);
-    m_display->addActions({copyAction, saveAction});
+    m_display->addAction(QStringLiteral("Copy"), this, &CalculatorView::copyDisplay);
+    m_display->addAction(QStringLiteral("Save to history"), this, &CalculatorView::saveToHistory);
 }
 
 std::function<void()> CalculatorView::actionFor(const QKeyEvent& event)

@@ -119,8 +119,7 @@ TapePanel::TapePanel(QWidget* parent)
     content()->addWidget(m_empty);
     content()->addItem(new BleedingItem(m_area, {TapeLine::bleed, aboveLines, barRoom, 0}));
     content()->setStretch(content()->count() - 1, 1);
-    content()->addWidget(makeButtons());
-    makeMenu();
+    content()->addWidget(makeCommands());
     setEntries({});
 }
 
@@ -139,36 +138,22 @@ ScrollArea* TapePanel::makeArea()
     return area;
 }
 
-WrappingRow* TapePanel::makeButtons()
-{
-    auto* row = new WrappingRow(this);
-    row->setContentsMargins(0, aboveButtons, 0, 0);
-    const auto add = [row](const char* label, std::string_view symbol) {
-        auto* button = new Button(toQt(label), symbol, row);
-        button->setSize(Button::Size::small);
-        row->add(button);
-        return button;
-    };
-    m_copy = add("Copy tape", "doc.on.doc");
-    m_save = add("Save to history", "tray.and.arrow.down");
-    m_clear = add("Clear tape", "trash");
-    connect(m_copy, &QAbstractButton::clicked, this, &TapePanel::copyTape);
-    connect(m_save, &QAbstractButton::clicked, this, &TapePanel::saveRequested);
-    connect(m_clear, &QAbstractButton::clicked, this, &TapePanel::clearRequested);
-    return row;
-}
-
-void TapePanel::makeMenu()
+WrappingRow* TapePanel::makeCommands()
 {
     setContextMenuPolicy(Qt::ActionsContextMenu);
-    auto* copy = new QAction(QStringLiteral("Copy tape"), this);
-    auto* save = new QAction(QStringLiteral("Save to history"), this);
-    auto* clear = new QAction(QStringLiteral("Clear tape"), this);
-    connect(copy, &QAction::triggered, this, &TapePanel::copyTape);
-    connect(save, &QAction::triggered, this, &TapePanel::saveRequested);
-    connect(clear, &QAction::triggered, this, &TapePanel::clearRequested);
-    addActions({copy, save, clear});
-    m_tapeActions = {copy, clear};
+    auto* row = new WrappingRow(this);
+    row->setContentsMargins(0, aboveButtons, 0, 0);
+    const auto add = [this, row](const char* label, std::string_view symbol, void (TapePanel::*run)()) {
+        auto* button = new Button(toQt(label), symbol, row);
+        button->setSize(Button::Size::small);
+        connect(button, &QAbstractButton::clicked, this, run);
+        row->add(button);
+        return Command {button, addAction(toQt(label), this, run)};
+    };
+    m_copy = add("Copy tape", "doc.on.doc", &TapePanel::copyTape);
+    m_save = add("Save to history", "tray.and.arrow.down", &TapePanel::saveRequested);
+    m_clear = add("Clear tape", "trash", &TapePanel::clearRequested);
+    return row;
 }
 
 TapeLine* TapePanel::makeLine()
@@ -178,22 +163,19 @@ TapeLine* TapePanel::makeLine()
     column->insertWidget(static_cast<int>(m_lines.size()), line);
     // Tab goes from line to line, and only then to the buttons below.
     if (m_lines.empty()) {
-        QWidget::setTabOrder(line, m_copy);
-        QWidget::setTabOrder(m_copy, m_save);
-        QWidget::setTabOrder(m_save, m_clear);
+        QWidget::setTabOrder(line, m_copy.button);
+        QWidget::setTabOrder(m_copy.button, m_save.button);
+        QWidget::setTabOrder(m_save.button, m_clear.button);
     } else {
         QWidget::setTabOrder(m_lines.back(), line);
     }
     connect(line, &QAbstractButton::clicked, this, [this, line] { Q_EMIT used(line->entry().result); });
 
-    auto* copyResult = new QAction(QStringLiteral("Copy result"), line);
-    auto* copyLine = new QAction(QStringLiteral("Copy line"), line);
     const auto copied = QStringLiteral("Copied");
-    connect(copyResult, &QAction::triggered, this,
-            [this, line, copied] { Q_EMIT copyRequested(toQt(line->entry().resultText()), copied); });
-    connect(copyLine, &QAction::triggered, this,
-            [this, line, copied] { Q_EMIT copyRequested(tapeLineText(line->entry()), copied); });
-    line->addActions({copyResult, copyLine});
+    line->addAction(QStringLiteral("Copy result"), this,
+                    [this, line, copied] { Q_EMIT copyRequested(toQt(line->entry().resultText()), copied); });
+    line->addAction(QStringLiteral("Copy line"), this,
+                    [this, line, copied] { Q_EMIT copyRequested(tapeLineText(line->entry()), copied); });
     return line;
 }
 
@@ -208,10 +190,10 @@ void TapePanel::setEntries(const std::deque<Calculator::TapeEntry>& entries)
             m_lines[i]->setEntry(entries[i]);
     }
     m_empty->setVisible(entries.empty());
-    m_copy->setEnabled(!entries.empty());
-    m_clear->setEnabled(!entries.empty());
-    for (QAction* action : m_tapeActions)
-        action->setEnabled(!entries.empty());
+    for (const Command& command : {m_copy, m_clear}) {
+        command.button->setEnabled(!entries.empty());
+        command.action->setEnabled(!entries.empty());
+    }
     m_area->verticalScrollBar()->setValue(0);
     fitLines();
 }
@@ -221,23 +203,19 @@ void TapePanel::setEntries(const std::deque<Calculator::TapeEntry>& entries)
 void TapePanel::moveFocus(bool isEmpty)
 {
     const bool isOnLine = std::ranges::any_of(m_lines, &QWidget::hasFocus);
-    if (isEmpty && (isOnLine || m_copy->hasFocus() || m_clear->hasFocus()))
-        m_save->setFocus();
+    if (isEmpty && (isOnLine || m_copy.button->hasFocus() || m_clear.button->hasFocus()))
+        m_save.button->setFocus();
     else if (isOnLine)
         m_lines.front()->setFocus();
-}
-
-std::size_t TapePanel::shownLines() const
-{
-    return static_cast<std::size_t>(
-        std::ranges::count_if(m_lines, [](const TapeLine* line) { return !line->isHidden(); }));
 }
 
 void TapePanel::copyTape()
 {
     QStringList texts;
-    for (std::size_t i = 0; i < shownLines(); ++i)
-        texts += tapeLineText(m_lines[i]->entry());
+    for (const TapeLine* line : m_lines) {
+        if (!line->isHidden())
+            texts += tapeLineText(line->entry());
+    }
     Q_EMIT copyRequested(texts.join(QLatin1Char('\n')), QStringLiteral("Tape copied"));
 }
 

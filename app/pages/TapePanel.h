@@ -75,22 +75,26 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// What can be done with the tape, by a button and from the menu.
+    struct Command
+    {
+        Button* button = nullptr;
+        QAction* action = nullptr;
+    };
+
     ScrollArea* makeArea();
-    WrappingRow* makeButtons();
-    void makeMenu();
+    WrappingRow* makeCommands();
     TapeLine* makeLine();
     void moveFocus(bool isEmpty);
     void copyTape();
     void fitLines();
-    [[nodiscard]] std::size_t shownLines() const;
 
     Label* m_empty;
     ScrollArea* m_area = nullptr;
     std::vector<TapeLine*> m_lines; ///< The shown ones, newest first, then spare ones.
-    Button* m_copy = nullptr;
-    Button* m_save = nullptr;
-    Button* m_clear = nullptr;
-    std::vector<QAction*> m_tapeActions; ///< Enabled only while there is a tape.
+    Command m_copy; ///< Enabled only while there is a tape.
+    Command m_save;
+    Command m_clear; ///< As `m_copy`.
 };
 
 /// A line as it is copied: "12 + 3 = 15".
