@@ -81,23 +81,22 @@ const NoteListModel::Shown& NoteListModel::shown(std::size_t place) const
     constexpr qsizetype longestShown = 400;
     const auto [id, updatedAt] = m_notes[place];
     const auto found = m_shown.find(id);
-    if (found == m_shown.end() || found->second.updatedAt != updatedAt) {
-        // One that another copy of the program has deleted stays in the list until that is loaded again; one
-        // that cannot be read at the moment is read again when it is shown again.
-        const std::optional<Note> read = m_read(id);
-        Shown& shown = read ? m_shown[id] : m_unread;
-        const Note note = read.value_or(Note(id, {}, updatedAt, updatedAt));
-        const std::string title = note.title();
-        const std::string preview = note.preview();
-        shown = {.updatedAt = updatedAt,
-                 .title = leadingCharacters(toQt(title), longestShown),
-                 .preview = leadingCharacters(toQt(preview), longestShown),
-                 .date = toQt(CalendarKit::fullDate(updatedAt, *m_calendar)),
-                 .isRightToLeft = directionOf(title) == TextDirection::rightToLeft,
-                 .isPreviewRightToLeft = directionOf(preview) == TextDirection::rightToLeft};
-        return shown;
-    }
-    return found->second;
+    if (found != m_shown.end() && found->second.updatedAt == updatedAt)
+        return found->second;
+    // One that another copy of the program has deleted stays in the list until that is loaded again; one that
+    // cannot be read at the moment is read again when it is shown again.
+    const std::optional<Note> read = m_read(id);
+    Shown& shown = read ? m_shown[id] : m_unread;
+    const Note note = read.value_or(Note(id, {}, updatedAt, updatedAt));
+    const std::string title = note.title();
+    const std::string preview = note.preview();
+    shown = {.updatedAt = updatedAt,
+             .title = leadingCharacters(toQt(title), longestShown),
+             .preview = leadingCharacters(toQt(preview), longestShown),
+             .date = toQt(CalendarKit::fullDate(updatedAt, *m_calendar)),
+             .isRightToLeft = directionOf(title) == TextDirection::rightToLeft,
+             .isPreviewRightToLeft = directionOf(preview) == TextDirection::rightToLeft};
+    return shown;
 }
 
 QVariant NoteListModel::noteData(std::size_t place, int role) const
