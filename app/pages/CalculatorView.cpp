@@ -11,6 +11,7 @@
 #include "app/model/Text.h"
 #include "app/pages/CalculatorDisplay.h"
 #include "app/pages/Keypad.h"
+#include "app/pages/PlainColumn.h"
 #include "app/pages/ShortcutsPanel.h"
 #include "app/pages/TapePanel.h"
 
@@ -79,9 +80,7 @@ QWidget* CalculatorView::makeLeftColumn()
                        "again repeats the last operation. The tape keeps this session's calculations; Save "
                        "to history keeps one for later."),
         column);
-    auto* layout = new QVBoxLayout(column);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    QVBoxLayout* layout = plainColumn(column, 0);
     layout->addWidget(card);
     layout->addSpacing(aboveNote);
     layout->addWidget(note);
@@ -121,9 +120,7 @@ QWidget* CalculatorView::makeRightColumn()
     connect(m_tape, &TapePanel::saveRequested, this, &CalculatorView::saveToHistory);
     connect(m_tape, &TapePanel::clearRequested, this,
             [this] { change([](Calculator& c) { c.clearTape(); }); });
-    auto* layout = new QVBoxLayout(column);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(Metric::partSpacing);
+    QVBoxLayout* layout = plainColumn(column, Metric::partSpacing);
     layout->addWidget(m_tape, 1);
     layout->addWidget(new ShortcutsPanel(column));
     layout->addStretch(0);

@@ -13,6 +13,7 @@
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
+#include "app/pages/PlainColumn.h"
 #include "core/CalendarGrid.h"
 #include "core/CalendarKit.h"
 
@@ -57,9 +58,7 @@ CalendarPageView::CalendarPageView(AppModel& model, QWidget* parent)
     , m_calendar(model.calendar())
 {
     constexpr int noteGap = 10;
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(Metric::partSpacing);
+    QVBoxLayout* column = plainColumn(this, Metric::partSpacing);
     column->addWidget(makeMonthCard());
 
     auto* selectedDay = new QVBoxLayout;

@@ -14,9 +14,8 @@
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
+#include "app/pages/PlainColumn.h"
 #include "core/Converter.h"
-
-#include <QVBoxLayout>
 
 namespace zelta {
 
@@ -42,18 +41,10 @@ Picker* makePicker(const QString& label, QWidget* parent)
     return picker;
 }
 
-QVBoxLayout* makeColumn(QWidget* widget, int spacing)
-{
-    auto* column = new QVBoxLayout(widget);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(spacing);
-    return column;
-}
-
 QWidget* labelled(Picker* picker, QWidget* parent)
 {
     auto* place = new QWidget(parent);
-    QVBoxLayout* column = makeColumn(place, labelGap);
+    QVBoxLayout* column = plainColumn(place, labelGap);
     auto* label = new Label(picker->accessibleName(), Theme::FontRole::captionMedium,
                             Theme::Token::textSecondary, place);
     label->setBuddy(picker);
@@ -82,7 +73,7 @@ Card* makeReferenceCard(QWidget* parent)
 ConverterView::ConverterView(AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
-    , m_column(makeColumn(this, Metric::partSpacing))
+    , m_column(plainColumn(this, Metric::partSpacing))
     , m_tabs(new PillTabs({tabOf(UnitKind::length, "ruler"), tabOf(UnitKind::mass, "weighing-scale"),
                            tabOf(UnitKind::temperature, "thermometer")},
                           Module::converter, this))
@@ -132,7 +123,7 @@ QWidget* ConverterView::makeInput()
 QWidget* ConverterView::makeSwapButton(QWidget* parent)
 {
     auto* place = new QWidget(parent);
-    QVBoxLayout* column = makeColumn(place, 0);
+    QVBoxLayout* column = plainColumn(place, 0);
     column->setContentsMargins(0, NumberField::fieldTop(), 0, 0);
     auto* button = new SwapButton(QStringLiteral("Swap the two units"), Module::converter, place);
     button->setSide(Metric::fieldHeight);
@@ -147,7 +138,7 @@ QWidget* ConverterView::makeSwapButton(QWidget* parent)
 QWidget* ConverterView::makeTemperatures()
 {
     auto* left = new QWidget(this);
-    QVBoxLayout* leftColumn = makeColumn(left, aboveNote);
+    QVBoxLayout* leftColumn = plainColumn(left, aboveNote);
     Card* references = makeReferenceCard(left);
     makeLines(references, m_model)->setTexts(Converter::referenceEntries(UnitKind::temperature));
     leftColumn->addWidget(references);
@@ -159,7 +150,7 @@ QWidget* ConverterView::makeTemperatures()
     leftColumn->addStretch(1);
 
     auto* right = new QWidget(this);
-    QVBoxLayout* rightColumn = makeColumn(right, 0);
+    QVBoxLayout* rightColumn = plainColumn(right, 0);
     auto* ladder = new Card(QStringLiteral("Everyday temperatures"), "thermometer", right);
     makeLines(ladder, m_model)->setTexts(Converter::temperatureLadder());
     rightColumn->addWidget(ladder);

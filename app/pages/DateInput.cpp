@@ -12,6 +12,7 @@
 #include "app/model/Text.h"
 #include "app/pages/DateFields.h"
 #include "app/pages/DatePicker.h"
+#include "app/pages/PlainColumn.h"
 #include "core/CalendarKit.h"
 
 #include <QGuiApplication>
@@ -46,9 +47,7 @@ DateInput::DateInput(const QString& name, AppModel& model, QWidget* parent)
     connect(today, &QPushButton::clicked, this, [this] { choose(m_model.today()); });
     row->add(today);
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(lineGap);
+    QVBoxLayout* column = plainColumn(this, lineGap);
     column->addWidget(row);
     column->addLayout(makeStatusLine());
 }

@@ -15,6 +15,7 @@
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
 #include "app/pages/DateInput.h"
+#include "app/pages/PlainColumn.h"
 #include "core/CalendarKit.h"
 #include "core/DateMath.h"
 #include "core/DateOptions.h"
@@ -43,9 +44,7 @@ DurationView::DurationView(AppModel& model, QWidget* parent)
     , m_model(model)
 {
     constexpr int noteGap = 10;
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(Metric::partSpacing);
+    QVBoxLayout* column = plainColumn(this, Metric::partSpacing);
     column->addWidget(makeDateCards());
     column->addWidget(makeOptionsCard());
 

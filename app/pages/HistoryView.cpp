@@ -12,6 +12,7 @@
 #include "app/model/Text.h"
 #include "app/pages/HistoryCard.h"
 #include "app/pages/HistoryList.h"
+#include "app/pages/PlainColumn.h"
 #include "core/CalendarKit.h"
 
 #include <QCoreApplication>
@@ -39,9 +40,7 @@ HistoryView::HistoryView(AppModel& model, QWidget* parent)
     , m_copyMark(model.clock(), [this] { m_list->showCopied(m_copyMark); })
 {
     setAccessibleName(toQt(title(Module::history))); // it has the focus when its last entry goes
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(Metric::partSpacing);
+    QVBoxLayout* column = plainColumn(this, Metric::partSpacing);
     column->addWidget(makeHeader());
     m_list = new HistoryList(this);
     column->addWidget(m_list);

@@ -13,6 +13,7 @@
 #include "app/pages/NotesListView.h"
 #include "app/pages/NotesToolbar.h"
 #include "app/pages/ParagraphColumn.h"
+#include "app/pages/PlainColumn.h"
 #include "app/pages/SearchField.h"
 #include "core/Unicode.h"
 
@@ -20,7 +21,6 @@
 #include <QListView>
 #include <QShowEvent>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
@@ -46,9 +46,7 @@ NotesView::NotesView(AppModel& model, QWidget* parent)
     halves->setSpacing(split);
     halves->addWidget(m_list);
     halves->addWidget(m_pane, 1);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    QVBoxLayout* column = plainColumn(this, 0);
     column->addWidget(help);
     column->addSpacing(belowHelp);
     column->addWidget(m_toolbar);

@@ -9,6 +9,7 @@
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
+#include "app/pages/PlainColumn.h"
 #include "core/Num.h"
 #include "core/PercentMath.h"
 
@@ -32,14 +33,6 @@ NumberField* makeField(const QString& label, const QString& explanation, int wid
     return field;
 }
 
-QVBoxLayout* makeColumn(QWidget* section)
-{
-    auto* column = new QVBoxLayout(section);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    return column;
-}
-
 } // namespace
 
 CompareSection::CompareSection(AppModel& model, QWidget* parent)
@@ -47,7 +40,7 @@ CompareSection::CompareSection(AppModel& model, QWidget* parent)
     , m_x(makeField(QStringLiteral("Value X"), QStringLiteral("The part, or the starting point"), 200, this))
     , m_y(makeField(QStringLiteral("Value Y"), QStringLiteral("The whole, or the comparison"), 200, this))
 {
-    QVBoxLayout* column = makeColumn(this);
+    QVBoxLayout* column = plainColumn(this, 0);
     column->addWidget(makeInput());
     column->addSpacing(aboveNote);
     column->addWidget(new InfoNote(
@@ -114,7 +107,7 @@ ChangeSection::ChangeSection(AppModel& model, QWidget* parent)
     , m_percent(makeField(QStringLiteral("Percentage"), {}, 130, this))
 {
     m_percent->setSuffix(QStringLiteral("%"));
-    QVBoxLayout* column = makeColumn(this);
+    QVBoxLayout* column = plainColumn(this, 0);
     column->addWidget(makeInput());
     column->addSpacing(Metric::partSpacing);
     m_results

@@ -5,9 +5,9 @@
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
 #include "app/pages/PercentSections.h"
+#include "app/pages/PlainColumn.h"
 
 #include <QLineEdit>
-#include <QVBoxLayout>
 
 namespace zelta {
 
@@ -25,13 +25,11 @@ QString valueOf(PercentView::Tab tab)
 PercentView::PercentView(AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
-    , m_column(new QVBoxLayout(this))
+    , m_column(plainColumn(this, Metric::partSpacing))
     , m_tabs(new PillTabs({{valueOf(Tab::compare), QStringLiteral("X is what % of Y"), "pie-slice"},
                            {valueOf(Tab::change), QStringLiteral("Increase / decrease"), "up-down-arrows"}},
                           Module::percent, this))
 {
-    m_column->setContentsMargins(0, 0, 0, 0);
-    m_column->setSpacing(Metric::partSpacing);
     m_column->addWidget(m_tabs, 0, Qt::AlignLeft);
     connect(m_tabs, &PillTabs::selected, this, &PercentView::choose);
 

@@ -11,6 +11,7 @@
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
+#include "app/pages/PlainColumn.h"
 #include "core/CalendarKit.h"
 
 #include <QVBoxLayout>
@@ -22,9 +23,7 @@ SettingsView::SettingsView(AppModel& model, QWidget* parent)
     : QWidget(parent)
     , m_model(model)
 {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(Metric::partSpacing);
+    QVBoxLayout* column = plainColumn(this, Metric::partSpacing);
     column->addWidget(makeWorkingWeekCard());
     column->addWidget(makeClockCard());
     connect(&model, &AppModel::weekendRuleChanged, this, &SettingsView::showWeekend);

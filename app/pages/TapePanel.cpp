@@ -8,6 +8,7 @@
 #include "app/look/Surface.h"
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
+#include "app/pages/PlainColumn.h"
 
 #include <QAction>
 #include <QHelpEvent>
@@ -129,9 +130,7 @@ ScrollArea* TapePanel::makeArea()
     area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     area->setMinimumHeight(2 * TapeLine::lineHeight);
     auto* column = new QWidget(area->viewport());
-    auto* layout = new QVBoxLayout(column);
-    layout->setSpacing(0);
-    layout->setContentsMargins(0, 0, 0, 0);
+    QVBoxLayout* layout = plainColumn(column, 0);
     layout->addStretch(1);
     area->setContent(column);
     area->viewport()->installEventFilter(this);
