@@ -6,6 +6,7 @@
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
 #include "core/CalendarKit.h"
+#include "tests/app/support/ByWords.h"
 #include "tests/app/support/TestModel.h"
 #include "tests/support/Environment.h"
 
@@ -79,22 +80,13 @@ struct Stage
         return days([](const DayTile& tile) { return tile.cell().isToday; });
     }
 
-    bool shows(const char* text) const
-    {
-        for (const QLabel* label : page->findChildren<QLabel*>()) {
-            if (label->isVisibleTo(page) && label->text() == toQt(text))
-                return true;
-        }
-        return false;
-    }
+    bool shows(const char* text) const { return showsText(*page, toQt(text)); }
 
     void press(const char* name) const
     {
-        for (QPushButton* button : page->findChildren<QPushButton*>()) {
-            if (button->accessibleName() == toQt(name) || button->text() == toQt(name))
-                return button->click();
-        }
-        ADD_FAILURE() << "no button " << name;
+        auto* button = named<QPushButton>(*page, toQt(name));
+        ASSERT_NE(button, nullptr) << "no button " << name;
+        button->click();
     }
 
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)

@@ -8,16 +8,15 @@
 #include "app/components/SwapButton.h"
 #include "app/model/Text.h"
 #include "tests/app/support/Accessible.h"
+#include "tests/app/support/ByWords.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
-#include <algorithm>
 
 namespace zelta {
 namespace {
@@ -94,12 +93,7 @@ struct Stage
             texts.push_back(line->row().value);
         return texts;
     }
-    [[nodiscard]] bool shows(const char* text) const
-    {
-        const auto labels = page.findChildren<QLabel*>();
-        return std::ranges::any_of(
-            labels, [&](const QLabel* label) { return label->isVisible() && label->text() == toQt(text); });
-    }
+    [[nodiscard]] bool shows(const char* text) const { return test::showsText(page, toQt(text)); }
 };
 
 TEST(ConverterView, ConvertsWhatIsTyped)

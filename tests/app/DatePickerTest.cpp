@@ -5,6 +5,7 @@
 #include "app/model/Text.h"
 #include "core/CalendarKit.h"
 #include "tests/app/support/Accessible.h"
+#include "tests/app/support/ByWords.h"
 #include "tests/app/support/TestModel.h"
 #include "tests/support/Environment.h"
 
@@ -43,13 +44,7 @@ struct Stage
         picker.openAt(anchor, test.model.calendar().instantOrAfterJump({day}).value());
     }
 
-    void press(const char* name) const
-    {
-        for (QPushButton* button : picker.findChildren<QPushButton*>()) {
-            if (button->accessibleName() == toQt(name))
-                button->click();
-        }
-    }
+    void press(const char* name) const { named<QPushButton>(picker, toQt(name))->click(); }
 
     void key(Qt::Key key) { QTest::keyClick(picker.focusWidget(), key); }
 

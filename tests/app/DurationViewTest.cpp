@@ -8,6 +8,7 @@
 #include "app/pages/DatePicker.h"
 #include "core/CalendarKit.h"
 #include "tests/app/support/Accessible.h"
+#include "tests/app/support/ByWords.h"
 #include "tests/app/support/StandInInputMethod.h"
 #include "tests/app/support/TestModel.h"
 #include "tests/support/Environment.h"
@@ -41,15 +42,7 @@ struct Stage
         EXPECT_TRUE(QTest::qWaitForWindowActive(&page));
     }
 
-    QLineEdit* field(const char* name) const
-    {
-        for (QLineEdit* field : page.findChildren<QLineEdit*>()) {
-            if (field->accessibleName() == toQt(name))
-                return field;
-        }
-        ADD_FAILURE() << "no field " << name;
-        return nullptr;
-    }
+    QLineEdit* field(const char* name) const { return named<QLineEdit>(page, toQt(name)); }
 
     /// As a person does it: select what is there, and type.
     void type(const char* name, const char* text) const

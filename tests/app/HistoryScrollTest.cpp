@@ -81,7 +81,7 @@ TEST_F(HistoryScrollTest, FoldingBringsTheNextCards)
         lines += "line\n";
     ASSERT_TRUE(test.model.store().addHistory({0, test::HandClock::noon, "percent", "tall", "s", lines}));
     show();
-    auto* toggle = button<Button>(*cards()[0], QStringLiteral("Show details"));
+    Button* toggle = detailsButton(*cards()[0]);
     QTest::mouseClick(toggle, Qt::LeftButton);
     scrollTo(700);
     QTest::mouseClick(toggle, Qt::LeftButton);

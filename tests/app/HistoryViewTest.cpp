@@ -32,11 +32,7 @@ using Titles = std::vector<std::string>;
 
 IconButton* copyButton(const HistoryCard& card)
 {
-    for (auto* candidate : card.findChildren<IconButton*>()) {
-        if (candidate->toolTip() == QStringLiteral("Copy the full result"))
-            return candidate;
-    }
-    return nullptr;
+    return test::named<IconButton>(card, QStringLiteral("Copy the full result"));
 }
 
 TEST_F(HistoryViewTest, ShowsTheEmptyState)
@@ -122,7 +118,7 @@ TEST_F(HistoryViewTest, FoldsTheDetailsOfEachEntryOnItsOwn)
     save("b");
     show();
     HistoryCard* card = cards()[0];
-    auto* toggle = button<Button>(*card, QStringLiteral("Show details"));
+    Button* toggle = detailsButton(*card);
     const int folded = card->height();
     QTest::mouseClick(toggle, Qt::LeftButton);
     EXPECT_EQ(toggle->label(), QStringLiteral("Hide details"));
@@ -144,7 +140,7 @@ TEST_F(HistoryViewTest, DetailsCanBeSelected)
 {
     save("a");
     show();
-    QTest::mouseClick(button<Button>(*cards()[0], QStringLiteral("Show details")), Qt::LeftButton);
+    QTest::mouseClick(detailsButton(*cards()[0]), Qt::LeftButton);
     auto* detail = cards()[0]->findChild<HistoryDetail*>();
     EXPECT_EQ(detail->accessibleName(), QStringLiteral("Details"));
     detail->setFocus();
@@ -159,7 +155,7 @@ TEST_F(HistoryViewTest, DetailsLeaveTheWheelToThePage)
 {
     save("a");
     show();
-    QTest::mouseClick(button<Button>(*cards()[0], QStringLiteral("Show details")), Qt::LeftButton);
+    QTest::mouseClick(detailsButton(*cards()[0]), Qt::LeftButton);
     auto* detail = cards()[0]->findChild<HistoryDetail*>();
     const int size = detail->font().pixelSize();
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier}) {
@@ -175,7 +171,7 @@ TEST_F(HistoryViewTest, StaysUnfoldedOverAReload)
 {
     save("a");
     show();
-    QTest::mouseClick(button<Button>(*cards()[0], QStringLiteral("Show details")), Qt::LeftButton);
+    QTest::mouseClick(detailsButton(*cards()[0]), Qt::LeftButton);
     test.model.record(Module::percent, "new", {{"label", "1", {}, Weight::headline, {}}});
     test.clock.advance(1s);
     ASSERT_EQ(titles(), (Titles {"new", "a"}));
@@ -296,7 +292,7 @@ TEST_F(HistoryViewTest, TabGoesFromTopToBottomAlsoAfterANewEntry)
     save("a");
     save("unfolded");
     show();
-    QTest::mouseClick(button<Button>(*cards()[0], QStringLiteral("Show details")), Qt::LeftButton);
+    QTest::mouseClick(detailsButton(*cards()[0]), Qt::LeftButton);
     ASSERT_EQ(cards()[0]->controls().size(), 4U) << "the details as well";
     QApplication::setActiveWindow(&area);
     const auto walk = [this] {

@@ -5,6 +5,7 @@
 #include "app/components/ResultLine.h"
 #include "app/components/ResultList.h"
 #include "app/model/Text.h"
+#include "tests/app/support/ByWords.h"
 #include "tests/app/support/StandInInputMethod.h"
 #include "tests/app/support/TestModel.h"
 
@@ -16,7 +17,6 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
-#include <algorithm>
 
 namespace zelta {
 namespace {
@@ -42,11 +42,7 @@ struct Stage
 
     [[nodiscard]] QLineEdit* field(const char* name) const
     {
-        for (QLineEdit* candidate : page.findChildren<QLineEdit*>()) {
-            if (candidate->accessibleName() == toQt(name))
-                return candidate;
-        }
-        return nullptr;
+        return test::named<QLineEdit>(page, toQt(name));
     }
     [[nodiscard]] NumberField* numberField(const char* name) const
     {
@@ -68,13 +64,9 @@ struct Stage
                 QTest::mouseClick(pill, Qt::LeftButton);
         }
     }
-    [[nodiscard]] QAbstractButton* button(const char* text) const
+    [[nodiscard]] QAbstractButton* swapButton() const
     {
-        for (QAbstractButton* candidate : page.findChildren<QAbstractButton*>()) {
-            if (candidate->isVisible() && candidate->text() == toQt(text))
-                return candidate;
-        }
-        return nullptr;
+        return test::named<QAbstractButton>(page, QStringLiteral("Swap X and Y"));
     }
     [[nodiscard]] ResultList* results() const
     {
@@ -85,12 +77,7 @@ struct Stage
         return nullptr;
     }
     [[nodiscard]] std::string answer() const { return plainText(results()->rows()); }
-    [[nodiscard]] bool shows(const char* text) const
-    {
-        const auto labels = page.findChildren<QLabel*>();
-        return std::ranges::any_of(
-            labels, [&](const QLabel* label) { return label->isVisible() && label->text() == toQt(text); });
-    }
+    [[nodiscard]] bool shows(const char* text) const { return test::showsText(page, toQt(text)); }
     std::vector<HistoryEntry> history() { return test.model.store().history(500); }
 };
 
@@ -116,8 +103,9 @@ TEST(PercentView, ShowsItsWords)
     for (const char* text : {"Value X", "The part, or the starting point", "Value Y",
                              "The whole, or the comparison", help, "Type two numbers to compare them."})
         EXPECT_TRUE(stage.shows(text)) << text;
-    ASSERT_NE(stage.button("Swap"), nullptr);
-    EXPECT_EQ(stage.button("Swap")->toolTip(), QStringLiteral("Swap X and Y"));
+    ASSERT_NE(stage.swapButton(), nullptr);
+    EXPECT_EQ(stage.swapButton()->text(), QStringLiteral("Swap"));
+    EXPECT_EQ(stage.swapButton()->toolTip(), QStringLiteral("Swap X and Y"));
     EXPECT_EQ(stage.field("Value X")->placeholderText(), QStringLiteral("0"));
     EXPECT_EQ(stage.field("Value X")->width(), 200);
     stage.choose("change");
@@ -167,12 +155,12 @@ TEST(PercentView, SwapsTheTwoTexts)
 {
     const Stage stage;
     stage.type("Value Y", "10");
-    stage.button("Swap")->click();
+    stage.swapButton()->click();
     EXPECT_EQ(stage.field("Value X")->text(), QStringLiteral("10"));
     EXPECT_EQ(stage.field("Value Y")->text(), QString());
     EXPECT_TRUE(stage.results()->rows().empty());
     stage.type("Value Y", "20");
-    stage.button("Swap")->click();
+    stage.swapButton()->click();
     EXPECT_EQ(stage.results()->title(), "20 compared with 10");
     EXPECT_EQ(stage.results()->rows()[0].value, "200%");
 }
@@ -184,7 +172,7 @@ TEST(PercentView, SwapsWhatIsStillBeingComposedAsWell)
     stage.type("Value X", "5");
     stage.field("Value X")->setFocus();
     test::StandInInputMethod::compose(*stage.field("Value X"), QStringLiteral("1"));
-    stage.button("Swap")->click();
+    stage.swapButton()->click();
     EXPECT_EQ(stage.field("Value X")->text(), QStringLiteral("7"));
     EXPECT_EQ(stage.field("Value Y")->text(), QStringLiteral("51"));
 }
@@ -260,8 +248,8 @@ TEST(PercentView, TabGoesFromTheFieldsToTheResults)
     stage.page.activateWindow();
     stage.field("Value Y")->setFocus();
     QTest::keyClick(stage.field("Value Y"), Qt::Key_Tab);
-    EXPECT_EQ(stage.page.window()->focusWidget(), stage.button("Swap"));
-    QTest::keyClick(stage.button("Swap"), Qt::Key_Tab);
+    EXPECT_EQ(stage.page.window()->focusWidget(), stage.swapButton());
+    QTest::keyClick(stage.swapButton(), Qt::Key_Tab);
     EXPECT_NE(qobject_cast<ResultLine*>(stage.page.window()->focusWidget()), nullptr);
 }
 

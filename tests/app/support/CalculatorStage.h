@@ -5,6 +5,7 @@
 #include "app/pages/CalculatorDisplay.h"
 #include "app/pages/CalculatorView.h"
 #include "app/pages/TapePanel.h"
+#include "tests/app/support/ByWords.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +13,6 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QTest>
 #include <algorithm>
 #include <string>
@@ -64,20 +64,8 @@ struct CalculatorStage
         std::ranges::sort(shown, {}, [](const TapeLine* line) { return line->y(); });
         return shown;
     }
-    QAbstractButton* button(const char* name) const
-    {
-        for (QAbstractButton* candidate : page.findChildren<QAbstractButton*>()) {
-            if (candidate->accessibleName() == toQt(name) || candidate->text() == toQt(name))
-                return candidate;
-        }
-        return nullptr;
-    }
-    bool shows(const char* text) const
-    {
-        const auto labels = page.findChildren<QLabel*>();
-        return std::ranges::any_of(
-            labels, [&](const QLabel* label) { return label->isVisible() && label->text() == toQt(text); });
-    }
+    QAbstractButton* button(const char* name) const { return named<QAbstractButton>(page, toQt(name)); }
+    bool shows(const char* text) const { return showsText(page, toQt(text)); }
     static QAction* action(const QWidget* owner, const char* text)
     {
         for (QAction* candidate : owner->actions()) {

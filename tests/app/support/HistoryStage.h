@@ -5,6 +5,7 @@
 #include "app/pages/HistoryCard.h"
 #include "app/pages/HistoryList.h"
 #include "app/pages/HistoryView.h"
+#include "tests/app/support/ByWords.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
@@ -114,16 +115,12 @@ struct HistoryStage
         return all;
     }
 
-    template <class Kind> Kind* button(const QWidget& widget, const QString& name) const
+    static Button* detailsButton(const HistoryCard& card)
     {
-        for (auto* candidate : widget.findChildren<Kind*>()) {
-            if (candidate->accessibleName() == name || candidate->label() == name)
-                return candidate;
-        }
-        return nullptr;
+        return named<Button>(card, QStringLiteral("Show details"));
     }
 
-    Button* clearButton() const { return button<Button>(view, QStringLiteral("Clear history")); }
+    Button* clearButton() const { return named<Button>(view, QStringLiteral("Clear history")); }
 };
 
 } // namespace zelta::test

@@ -14,6 +14,7 @@
 #include "app/pages/SearchField.h"
 #include "app/pages/SelectableTextEditor.h"
 #include "app/pages/TextBlockEditor.h"
+#include "tests/app/support/ByWords.h"
 #include "tests/app/support/TestModel.h"
 
 #include <gtest/gtest.h>
@@ -103,14 +104,7 @@ struct NotesStage
     }
 
     /// A text that is somewhere on the page and visible.
-    [[nodiscard]] bool shows(const QString& text) const
-    {
-        for (const QLabel* label : page->findChildren<QLabel*>()) {
-            if (label->isVisible() && label->text() == text)
-                return true;
-        }
-        return false;
-    }
+    [[nodiscard]] bool shows(const QString& text) const { return showsText(*page, text); }
 };
 
 } // namespace zelta::test
