@@ -8,6 +8,7 @@
 #include "app/pages/PlainColumn.h"
 
 #include <QLineEdit>
+#include <utility>
 
 namespace zelta {
 
@@ -42,20 +43,15 @@ PercentView::PercentView(AppModel& model, QWidget* parent)
 void PercentView::choose(const QString& value)
 {
     const auto tab = fromRawValue<Tab>(toUtf8(value));
-    if (!tab || *tab == m_tab)
+    if (!tab)
         return;
     m_model.store().setSetting(tabKey, rawValue(*tab));
-    showTab(*tab);
-}
-
-void PercentView::showTab(Tab tab)
-{
-    QWidget* before = section(m_tab);
-    m_tab = tab;
-    section(tab)->show();
+    QWidget* before = section(std::exchange(m_tab, *tab));
+    QWidget* now = section(*tab);
+    now->show();
     // Who was typing goes on typing; Qt would take the focus to another part of the window.
     if (before->isAncestorOf(window()->focusWidget()))
-        section(tab)->findChild<QLineEdit*>()->setFocus();
+        now->findChild<QLineEdit*>()->setFocus();
     before->hide();
 }
 

@@ -29,7 +29,6 @@ public:
 
 private:
     void choose(const QString& value);
-    void showTab(Tab tab);
     QWidget* section(Tab tab);
 
     AppModel& m_model;
