@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QTextEdit>
+#include <QToolTip>
 #include <QWidget>
 #include <QWindow>
 #include <utility>
@@ -50,8 +51,10 @@ bool KeyMonitor::eventFilter(QObject* watched, QEvent* event)
         return false;
     // The override only claims the key, so that no menu shortcut takes it; the press that follows acts.
     event->accept();
-    if (event->type() == QEvent::KeyPress)
+    if (event->type() == QEvent::KeyPress) {
+        QToolTip::hideText(); // what it tells of may be another thing now
         action();
+    }
     return true;
 }
 

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace zelta {
@@ -61,6 +62,15 @@ TEST(KeyMonitor, ComesBeforeAShortcutOfAMenu)
     QTest::keyClick(stage.button, Qt::Key_Space);
     EXPECT_EQ(stage.taken, 1);
     EXPECT_EQ(triggered.count(), 0);
+}
+
+TEST(KeyMonitor, AKeyThatActsTakesAwayTheHelpOfWhatWasThereBefore)
+{
+    Stage stage;
+    QToolTip::showText(stage.window.mapToGlobal(QPoint(5, 5)), QStringLiteral("help"), stage.button);
+    ASSERT_TRUE(QToolTip::isVisible());
+    QTest::keyClick(stage.button, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
 
 TEST(KeyMonitor, PassesOnWhatItHasNoActionFor)
