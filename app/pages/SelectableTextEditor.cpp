@@ -144,12 +144,15 @@ QMimeData* SelectableTextEditor::createMimeDataFromSelection() const
     return plain;
 }
 
-/// Whatever is pasted or dropped arrives as plain text, in one undo step.
+/// Whatever is pasted or dropped arrives as plain text, in an undo step of its own: Qt joins what is put in
+/// to what came before only while the document counts as changed.
 void SelectableTextEditor::insertFromMimeData(const QMimeData* source)
 {
     const QString text = offersText(source) ? source->text() : plainText(source->html());
     QTextCursor cursor = textCursor();
+    document()->setModified(false);
     cursor.insertText(m_text.prepare(text, cursor.block().length()));
+    document()->setModified(false);
     setTextCursor(cursor);
 }
 

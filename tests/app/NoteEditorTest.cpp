@@ -145,6 +145,22 @@ TEST(ParagraphEditor, StyledTextArrivesPlain)
     }
 }
 
+TEST(ParagraphEditor, APasteIsAnUndoStepOfItsOwn)
+{
+    Stage stage;
+    QGuiApplication::clipboard()->setText(QStringLiteral("pasted "));
+    stage.type(QStringLiteral("one "));
+    stage.editor.paste();
+    stage.type(QStringLiteral("two"));
+    const auto undone = [&stage] {
+        stage.undo();
+        return stage.editor.text();
+    };
+    EXPECT_EQ(undone(), QStringLiteral("one pasted "));
+    EXPECT_EQ(undone(), QStringLiteral("one "));
+    EXPECT_EQ(undone(), QString());
+}
+
 TEST(ParagraphEditor, StyledTextKeepsItsCharacters)
 {
     Stage stage;
