@@ -78,12 +78,12 @@ void MonthGrid::makeRow(int row)
 void MonthGrid::showMonth(const std::vector<WeekRow>& rows, const std::string& selectedKey,
                           const Calendar& calendar)
 {
-    const bool hadFocus = m_stop && m_stop->hasFocus();
+    const bool hadFocus = isAncestorOf(window()->focusWidget());
     m_stop = nullptr;
     for (std::size_t row = 0; row < m_tiles.size(); ++row)
         showRow(row, row < rows.size() ? rows[row] : WeekRow {}, selectedKey, calendar);
     if (m_stop)
-        m_stop->setFocusPolicy(Qt::TabFocus);
+        m_stop->setFocusPolicy(Qt::StrongFocus);
     // The focus goes with the selection; the tile that had it may show another day now, or none.
     if (hadFocus)
         focusSelected();

@@ -218,7 +218,7 @@ TEST(CalendarPage, TheMonthIsOneTabStopThatCtrlArrowsMove)
 {
     Stage stage;
     const auto stops = [&stage] {
-        return stage.days([](const DayTile& tile) { return tile.focusPolicy() != Qt::NoFocus; });
+        return stage.days([](const DayTile& tile) { return (tile.focusPolicy() & Qt::TabFocus) != 0; });
     };
     EXPECT_EQ(stops(), std::vector<int> {7});
     stage.tile("2026-03-07")->setFocus(Qt::TabFocusReason);
@@ -234,6 +234,20 @@ TEST(CalendarPage, TheMonthIsOneTabStopThatCtrlArrowsMove)
     stage.key(Qt::Key_Down);
     EXPECT_EQ(stage.selected(), QStringLiteral("2026-03-01"));
     EXPECT_EQ(QApplication::focusWidget(), stage.tile("2026-03-01"));
+}
+
+TEST(CalendarPage, AClickOnADayBringsTheFocusThere)
+{
+    Stage stage;
+    QTest::mouseClick(stage.tile("2026-03-18"), Qt::LeftButton);
+    EXPECT_TRUE(stage.tile("2026-03-18")->hasFocus());
+    stage.key(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(stage.selected(), QStringLiteral("2026-03-19"));
+    QTest::mousePress(stage.tile("2026-03-02"), Qt::LeftButton);
+    QTest::mouseRelease(stage.tile("2026-03-02"), Qt::LeftButton, {}, {-5, -5});
+    ASSERT_EQ(stage.selected(), QStringLiteral("2026-03-19")) << "let go of elsewhere";
+    stage.key(Qt::Key_Right);
+    EXPECT_TRUE(stage.tile("2026-04-01")->hasFocus()) << "the one that is selected now";
 }
 
 TEST(CalendarPage, TilesTellTheirDay)
