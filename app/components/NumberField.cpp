@@ -10,12 +10,26 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace zelta {
 
 namespace {
 
 constexpr int gap = 6;
+
+/// A cell or a line that was copied elsewhere brings its end along, which would break titles in two.
+QString onOneLine(QString text)
+{
+    const auto breaks = [](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator
+            || c == QChar::ParagraphSeparator;
+    };
+    while (!text.isEmpty() && breaks(text.back()))
+        text.chop(1);
+    std::ranges::replace_if(text, breaks, u' ');
+    return text;
+}
 
 } // namespace
 
@@ -96,6 +110,12 @@ QLineEdit* NumberField::field() const
 
 void NumberField::follow(const QString& text)
 {
+    if (const QString line = onOneLine(text); line != text) {
+        const int caret = m_field->cursorPosition();
+        m_field->setText(line); // which comes back here
+        m_field->setCursorPosition(caret);
+        return;
+    }
     const bool isWarning = !text.trimmed().isEmpty() && !Num::parse(toUtf8(text));
     if (isWarning != showsWarning()) { // or each key would be announced as another description
         m_warning->setVisible(isWarning);

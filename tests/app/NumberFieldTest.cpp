@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -71,6 +73,23 @@ TEST_F(NumberFieldTest, HearsAndTellsAssistiveTechnology)
     EXPECT_EQ(field.field()->accessibleDescription(), QStringLiteral("The part, or the starting point"));
     field.setText(QStringLiteral("5"));
     EXPECT_EQ(edited.count(), 3) << "the page set it";
+}
+
+TEST_F(NumberFieldTest, TakesWhatIsPastedOnOneLine)
+{
+    const QSignalSpy edited(&field, &NumberField::textEdited);
+    const auto paste = [this](const char* text) {
+        QGuiApplication::clipboard()->setText(QString::fromUtf8(text));
+        field.field()->paste();
+        return field.text();
+    };
+    EXPECT_EQ(paste("12\r\n"), QStringLiteral("12")) << "a cell of a table";
+    ASSERT_EQ(edited.count(), 1);
+    EXPECT_EQ(edited.front().front().toString(), QStringLiteral("12"));
+    field.field()->setCursorPosition(1);
+    EXPECT_EQ(paste("3\t4\u2028"), QStringLiteral("13 4 2"));
+    EXPECT_EQ(field.field()->cursorPosition(), 5) << "behind it";
+    EXPECT_FALSE(field.showsWarning());
 }
 
 TEST_F(NumberFieldTest, WarnsOfATextThatThePageSets)
