@@ -10,6 +10,7 @@
 #include "app/model/Text.h"
 #include "app/pages/HistoryDetail.h"
 
+#include <QEvent>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QtMath>
@@ -62,6 +63,7 @@ HistoryCard::HistoryCard(const HistoryEntry& entry, const QString& time, QWidget
     connect(m_toggle, &QPushButton::clicked, this, &HistoryCard::toggleDetail);
     connect(m_copy, &QPushButton::clicked, this, &HistoryCard::copyRequested);
     connect(m_delete, &QPushButton::clicked, this, &HistoryCard::deletionRequested);
+    m_delete->installEventFilter(this);
 }
 
 int HistoryCard::usualHeight()
@@ -107,6 +109,12 @@ IconButton* HistoryCard::deleteButton() const
 int HistoryCard::heightForWidth(int width) const
 {
     return place(width, Parts::stay);
+}
+
+/// A double click is meant for one entry, and its second half comes when the next one is there already.
+bool HistoryCard::eventFilter(QObject* watched, QEvent* event)
+{
+    return event->type() == QEvent::MouseButtonDblClick || QWidget::eventFilter(watched, event);
 }
 
 void HistoryCard::paintEvent(QPaintEvent* /*event*/)

@@ -5,6 +5,7 @@
 
 #include <QResizeEvent>
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -17,8 +18,15 @@ constexpr int gap = 10;
 
 } // namespace
 
-void HistoryList::setEntries(std::vector<HistoryEntry> entries, TimeText timeText)
+int HistoryList::setEntries(std::vector<HistoryEntry> entries, TimeText timeText)
 {
+    std::optional<std::int64_t> topmost;
+    int before = 0;
+    if (m_seenTop > 0 && !m_entries.empty()) {
+        const std::size_t at = entryAt(m_seenTop);
+        topmost = m_entries[at].id;
+        before = m_tops[at];
+    }
     m_timeText = std::move(timeText);
     std::unordered_multimap<std::int64_t, HistoryCard*> kept; // a foreign file may have an id twice
     for (HistoryCard* card : m_cards) {
@@ -40,6 +48,8 @@ void HistoryList::setEntries(std::vector<HistoryEntry> entries, TimeText timeTex
         card->deleteLater(); // its own button may be what asked for this
     }
     placeCards();
+    const auto now = std::ranges::find(m_entries, topmost, &HistoryEntry::id);
+    return now == m_entries.end() ? 0 : m_tops[static_cast<std::size_t>(now - m_entries.begin())] - before;
 }
 
 int HistoryList::fill(const QRect& seen, int around)

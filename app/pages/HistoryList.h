@@ -23,8 +23,9 @@ public:
     using QWidget::QWidget;
 
     /// Shows these entries, with what `timeText` gives as their line of date and time. The cards of entries
-    /// that stay are kept, with their unfolded details and the focus.
-    void setEntries(std::vector<HistoryEntry> entries, TimeText timeText);
+    /// that stay are kept, with their unfolded details and the focus. Gives how far the topmost entry in view
+    /// went down; 0 where the view is at the list's start, or that entry has gone.
+    int setEntries(std::vector<HistoryEntry> entries, TimeText timeText);
 
     /// Makes and shows the cards whose places are in the seen part of the list, or so far above or below it.
     /// Gives how far the topmost seen entry went down for that: a card above it may turn out taller than the

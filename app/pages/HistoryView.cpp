@@ -168,11 +168,13 @@ void HistoryView::load()
     m_empty->setVisible(entries.empty());
     m_list->setVisible(!entries.empty());
     // Zone and clock format are those of this moment, for cards that stay as well.
-    m_list->setEntries(std::move(entries), [this, calendar = m_model.calendar()](const HistoryEntry& entry) {
+    const auto timeText = [this, calendar = m_model.calendar()](const HistoryEntry& entry) {
         const std::string date = CalendarKit::fullDate(entry.createdAt, calendar);
         return toQt(date + " · " + m_model.clockText(entry.createdAt, calendar));
-    });
+    };
+    const int moved = m_list->setEntries(std::move(entries), timeText);
     layout()->activate(); // a card's height depends on the list's width
+    keepPlace(moved);
     fillView();
 }
 

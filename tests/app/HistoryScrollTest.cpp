@@ -89,6 +89,34 @@ TEST_F(HistoryScrollTest, FoldingBringsTheNextCards)
     EXPECT_TRUE(isFilled());
 }
 
+TEST_F(HistoryScrollTest, NewEntriesAboveDoNotMoveWhatIsRead)
+{
+    saveMany(100);
+    show();
+    scrollTo(2000);
+    HistoryCard* read = cardAtTop();
+    ASSERT_NE(read, nullptr);
+    const auto place = [&] { return read->mapTo(area.viewport(), QPoint()).y(); };
+    const auto record = [this](const char* title) {
+        test.model.record(Module::percent, title, {{"label", "1", {}, Weight::headline, {}}});
+        settle();
+    };
+    const int before = place();
+    record("new");
+    EXPECT_EQ(place(), before);
+    EXPECT_TRUE(isFilled());
+
+    area.hide();
+    record("newer");
+    show();
+    EXPECT_EQ(place(), before) << "nor do those that came meanwhile";
+
+    scrollTo(0);
+    record("newest");
+    EXPECT_EQ(area.verticalScrollBar()->value(), 0) << "at the start the new one is what is looked for";
+    EXPECT_EQ(titles().front(), "newest");
+}
+
 TEST_F(HistoryScrollTest, TallerCardsAboveDoNotMoveWhatIsRead)
 {
     std::string words;

@@ -229,6 +229,24 @@ TEST_F(HistoryViewTest, DeletesAtOnce)
     EXPECT_FALSE(clearButton()->isEnabled());
 }
 
+TEST_F(HistoryViewTest, ADoubleClickDeletesOneEntry)
+{
+    save("a");
+    save("b");
+    save("c");
+    show();
+    QTest::mouseClick(cards()[0]->deleteButton(), Qt::LeftButton);
+    IconButton* next = cards()[0]->deleteButton(); // which lies below the pointer now
+    const QPoint middle = next->rect().center();
+    QMouseEvent half(QEvent::MouseButtonDblClick, middle, next->mapToGlobal(middle), Qt::LeftButton,
+                     Qt::LeftButton, {});
+    QCoreApplication::sendEvent(next, &half);
+    QTest::mouseRelease(next, Qt::LeftButton);
+    EXPECT_EQ(titles(), (Titles {"b", "a"}));
+    QTest::mouseClick(next, Qt::LeftButton);
+    EXPECT_EQ(titles(), (Titles {"a"}));
+}
+
 TEST_F(HistoryViewTest, DeletingTheMarkedEntryForgetsTheMark)
 {
     save("a");
