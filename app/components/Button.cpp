@@ -4,6 +4,8 @@
 #include "app/look/Symbols.h"
 #include "app/model/Text.h"
 
+#include <QDialog>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace zelta {
@@ -94,6 +96,16 @@ QSize Button::sizeHint() const
     const int own = m_size == Size::small ? Metric::smallButtonHeight : Metric::buttonHeight;
     m_line.set(m_label, font());
     return {2 * padding() + contentWidth(m_line, m_symbol), m_height.value_or(own)};
+}
+
+/// Enter presses as Space does, once however long it is held; in a dialog it is the dialog's.
+void Button::keyPressEvent(QKeyEvent* event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isEnter || qobject_cast<QDialog*>(window()))
+        QPushButton::keyPressEvent(event);
+    else if (!event->isAutoRepeat())
+        click();
 }
 
 void Button::paintEvent(QPaintEvent* /*event*/)

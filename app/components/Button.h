@@ -48,6 +48,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void paintSurface(QPainter& painter) const;
     [[nodiscard]] QColor inkColor() const;

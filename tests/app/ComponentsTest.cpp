@@ -141,6 +141,19 @@ TEST(Button, TakesTheFocusByTabOnly)
     EXPECT_EQ(Switch(QStringLiteral("Clock"), {}).focusPolicy(), Qt::TabFocus);
 }
 
+TEST(Button, EnterPressesItAsSpaceDoes)
+{
+    Button button(QStringLiteral("Save to history"));
+    const QSignalSpy clicks(&button, &QPushButton::clicked);
+    QTest::keyClick(&button, Qt::Key_Space);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QTest::keyClick(&button, Qt::Key_Enter);
+    EXPECT_EQ(clicks.count(), 3);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, {}, true);
+    QCoreApplication::sendEvent(&button, &held);
+    EXPECT_EQ(clicks.count(), 3) << "once, however long it is held";
+}
+
 TEST(Button, LooksOffWhileItCannotBePressed)
 {
     Button button(QStringLiteral("Clear history"), "trash");
