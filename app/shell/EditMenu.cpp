@@ -146,12 +146,14 @@ void EditMenu::follow(QWidget* focus)
         connect(text, &QTextEdit::copyAvailable, this, &EditMenu::refresh);
         connect(text, &QTextEdit::undoAvailable, this, &EditMenu::refresh);
         connect(text, &QTextEdit::redoAvailable, this, &EditMenu::refresh);
+    } else if (qobject_cast<QLabel*>(focus)) {
+        focus->installEventFilter(this);
     }
     refresh();
 }
 
-/// A field drops its selection when the menu bar takes the focus by key, but not for a menu that opens over
-/// it: so that is what it hears, or nothing would be left to cut or copy.
+/// A field or a label drops its selection when the menu bar takes the focus by key, but not for a menu that
+/// opens over it: so that is what it hears, or nothing would be left to cut or copy.
 bool EditMenu::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != m_focus || event->type() != QEvent::FocusOut

@@ -171,6 +171,20 @@ TEST_F(EditMenuTest, CopiesWhatIsSelectedOfAShownText)
     EXPECT_EQ(label.selectedText(), QStringLiteral("March 2026"));
 }
 
+TEST_F(EditMenuTest, CopiesFromAShownTextByKey)
+{
+    QMenuBar bar(&window);
+    bar.addMenu(&menu);
+    bar.show();
+    label.setFocus();
+    label.setSelection(0, 5);
+    bar.setFocus(Qt::MenuBarFocusReason);
+    ASSERT_TRUE(bar.hasFocus());
+    Q_EMIT menu.aboutToShow();
+    entry("Copy")->trigger();
+    EXPECT_EQ(clipboard(), "March");
+}
+
 TEST_F(EditMenuTest, OffersPasteAsSoonAsThereIsText)
 {
     field.setFocus();
