@@ -89,6 +89,11 @@ protected:
     }
 };
 
+bool isTab(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+}
+
 } // namespace
 
 void ResultLine::Text::set(const QString& text, const QFont& font)
@@ -266,8 +271,12 @@ bool ResultLine::event(QEvent* event)
 /// The value is selectable text, which keeps mouse events to itself: only a real drag is its own.
 bool ResultLine::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_valueLabel && filterValueMouse(event))
+    if (watched != m_valueLabel)
+        return QAbstractButton::eventFilter(watched, event);
+    if (filterValueMouse(event))
         return true;
+    if (event->type() == QEvent::KeyPress && isTab(*static_cast<QKeyEvent*>(event)))
+        setFocus(); // Tab goes on from the line: its value has no place in that order
     return QAbstractButton::eventFilter(watched, event);
 }
 
