@@ -50,8 +50,11 @@ void PercentView::choose(const QString& value)
     QWidget* now = section(*tab);
     now->show();
     // Who was typing goes on typing; Qt would take the focus to another part of the window.
-    if (before->isAncestorOf(window()->focusWidget()))
-        now->findChild<QLineEdit*>()->setFocus();
+    if (before->isAncestorOf(window()->focusWidget())) {
+        auto* first = now->findChild<QLineEdit*>();
+        first->setFocus();
+        first->selectAll();
+    }
     before->hide();
 }
 

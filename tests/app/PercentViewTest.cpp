@@ -199,6 +199,35 @@ TEST(PercentView, KeepsWhatWasTypedOnTheOtherTab)
     EXPECT_EQ(stage.field("Value X")->text(), QStringLiteral("50"));
 }
 
+TEST(PercentView, TypingOnTheOtherTabReplacesItsFirstNumber)
+{
+    Stage stage;
+    stage.choose("change");
+    stage.type("Value", "200");
+    stage.field("Value")->setFocus();
+    stage.choose("compare");
+    stage.choose("change");
+    ASSERT_TRUE(stage.field("Value")->hasFocus());
+    QTest::keyClicks(stage.field("Value"), QStringLiteral("300"));
+    EXPECT_EQ(stage.field("Value")->text(), QStringLiteral("300"));
+}
+
+TEST(PercentView, TabGoesOnFromASelectedResult)
+{
+    const Stage stage;
+    stage.type("Value X", "50");
+    stage.type("Value Y", "75");
+    const auto lines = stage.page.findChildren<ResultLine*>();
+    ASSERT_EQ(lines.size(), 4);
+    auto* value = lines[1]->findChild<QLabel*>();
+    value->setFocus();
+    QTest::keyClick(value, Qt::Key_Tab);
+    EXPECT_TRUE(lines[2]->hasFocus());
+    value->setFocus();
+    QTest::keyClick(value, Qt::Key_Backtab);
+    EXPECT_TRUE(lines[0]->hasFocus());
+}
+
 TEST(PercentView, OffersARestingComparisonAgainWhenItsTabComesBack)
 {
     Stage stage;
