@@ -18,4 +18,13 @@ void ScrollArea::setContent(QWidget* content)
     content->setAutoFillBackground(false); // Qt has just turned it on
 }
 
+QScrollArea* ScrollArea::around(const QWidget& widget)
+{
+    QScrollArea* area = nullptr;
+    for (QWidget* outer = widget.parentWidget(); outer != nullptr && area == nullptr;
+         outer = outer->parentWidget())
+        area = qobject_cast<QScrollArea*>(outer);
+    return area;
+}
+
 } // namespace zelta

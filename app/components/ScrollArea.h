@@ -14,6 +14,9 @@ public:
 
     /// Takes ownership of `content`, which should be made a child of the viewport.
     void setContent(QWidget* content);
+
+    /// The innermost area that scrolls this widget; null where none does.
+    static QScrollArea* around(const QWidget& widget);
 };
 
 } // namespace zelta

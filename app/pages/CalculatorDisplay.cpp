@@ -104,8 +104,14 @@ void CalculatorDisplay::fit()
     m_numberLabel->setFont(font);
     m_numberLabel->setText(shown);
     const QFontMetrics expressionMetrics(m_expressionLabel->font());
-    m_expressionLabel->setText(expressionMetrics.elidedText(m_expression, Qt::ElideMiddle, room));
-    setToolTip(shown == m_number ? QString() : m_number);
+    const QString shownExpression = expressionMetrics.elidedText(m_expression, Qt::ElideMiddle, room);
+    m_expressionLabel->setText(shownExpression);
+    QStringList cut;
+    if (shownExpression != m_expression)
+        cut << m_expression;
+    if (shown != m_number)
+        cut << m_number;
+    setToolTip(cut.join(QLatin1Char('\n')));
 }
 
 void CalculatorDisplay::keyPressEvent(QKeyEvent* event)

@@ -8,8 +8,8 @@ class Announcement;
 class Label;
 
 /// The calculator's display: the pending expression above the number, both at the right. A long number
-/// shrinks, and one that is still too wide is elided in the middle, with the whole text as hover help. Takes
-/// the focus by Tab; Space copies.
+/// shrinks, and one that is still too wide is elided in the middle, as a long expression is, with the whole
+/// text as hover help. Takes the focus by Tab; Space copies.
 class CalculatorDisplay final : public QWidget
 {
     Q_OBJECT

@@ -6,6 +6,7 @@
 #include "app/components/InfoNote.h"
 #include "app/components/KeyMonitor.h"
 #include "app/components/Label.h"
+#include "app/components/ScrollArea.h"
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
@@ -139,8 +140,14 @@ std::function<void()> CalculatorView::actionFor(const QKeyEvent& event)
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     if (modifiers == Qt::ControlModifier && event.key() == Qt::Key_C)
         return [this] { copyDisplay(); };
-    if (const auto key = CalculatorKey::typed(event))
-        return [this, key = *key] { press(key); };
+    if (const auto key = CalculatorKey::typed(event)) {
+        return [this, key = *key] {
+            press(key);
+            // Who types from further down the page sees what comes of it.
+            if (QScrollArea* area = ScrollArea::around(*this))
+                area->ensureWidgetVisible(m_display);
+        };
+    }
     return {};
 }
 

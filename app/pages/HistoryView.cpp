@@ -7,6 +7,7 @@
 #include "app/components/EmptyState.h"
 #include "app/components/IconButton.h"
 #include "app/components/Label.h"
+#include "app/components/ScrollArea.h"
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
@@ -16,7 +17,6 @@
 #include "core/CalendarKit.h"
 
 #include <QCoreApplication>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -78,10 +78,7 @@ void HistoryView::hideEvent(QHideEvent* event)
 
 void HistoryView::enterArea()
 {
-    const QScrollArea* area = nullptr;
-    for (QWidget* around = parentWidget(); around != nullptr && area == nullptr;
-         around = around->parentWidget())
-        area = qobject_cast<QScrollArea*>(around);
+    const QScrollArea* area = ScrollArea::around(*this);
     if (area == nullptr)
         return;
     m_viewport = area->viewport();

@@ -310,6 +310,11 @@ TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
     EXPECT_EQ(label->font().pixelSize(), 20);
     EXPECT_NE(label->text(), longest);
     EXPECT_EQ(display.toolTip(), longest);
+    display.setTexts(longest + QStringLiteral(" +"), longest);
+    EXPECT_EQ(display.toolTip(), longest + QStringLiteral(" +\n") + longest);
+    display.setTexts(longest + QStringLiteral(" +"), QStringLiteral("3"));
+    EXPECT_EQ(display.toolTip(), longest + QStringLiteral(" +"));
+    display.setTexts({}, longest);
     EXPECT_EQ(display.number(), longest);
     EXPECT_EQ(test::accessible(*label).text(QAccessible::Name), longest) << "read out whole";
     display.show();
