@@ -9,8 +9,10 @@
 #include "app/model/Text.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTextEdit>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -105,7 +107,9 @@ void PageChrome::focusEntry()
         text->setFocus();
         return;
     }
-    const auto fields = m_module == Module::notes ? QList<QLineEdit*>() : findChildren<QLineEdit*>();
+    auto fields = m_module == Module::notes ? QList<QLineEdit*>() : findChildren<QLineEdit*>();
+    if (auto* last = qobject_cast<QLineEdit*>(m_lastFocus); last && m_module != Module::notes)
+        fields.prepend(last);
     const auto first
         = std::ranges::find_if(fields, [this](const QWidget* field) { return field->isVisibleTo(this); });
     if (first == fields.end()) {
@@ -124,6 +128,18 @@ void PageChrome::paintEvent(QPaintEvent* /*event*/)
 // The page looks the same with the focus, so that nothing is painted: Qt would paint all that is on it.
 void PageChrome::focusInEvent(QFocusEvent* /*event*/) { }
 void PageChrome::focusOutEvent(QFocusEvent* /*event*/) { }
+
+void PageChrome::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::MoveToStartOfLine)
+        || event->matches(QKeySequence::MoveToStartOfDocument))
+        verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
+    else if (event->matches(QKeySequence::MoveToEndOfLine)
+             || event->matches(QKeySequence::MoveToEndOfDocument))
+        verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
+    else
+        ScrollArea::keyPressEvent(event); // arrows and page keys
+}
 
 QWidget* PageChrome::makeHeader(QWidget* column)
 {

@@ -25,14 +25,16 @@ public:
 
     PageChrome(Module module, AppModel& model, const MakeContent& makeContent, QWidget* parent);
 
-    /// Puts the caret where typing on this page begins: its first field, or the paragraph of a note that had
-    /// it last. A page without takes the focus itself, so that no key presses a button unasked.
+    /// Puts the caret where typing on this page goes on: the field, or the paragraph of a note, that had it
+    /// last, or its first field. A page without takes the focus itself, so that no key presses a button
+    /// unasked.
     void focusEntry();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QWidget* makeHeader(QWidget* column);

@@ -3,6 +3,7 @@
 #include "app/look/Surface.h"
 #include "app/look/Theme.h"
 #include "app/model/Text.h"
+#include "app/pages/CalculatorDisplay.h"
 #include "app/pages/NotesView.h"
 #include "app/shell/AboutDialog.h"
 #include "app/shell/PageChrome.h"
@@ -13,6 +14,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <algorithm>
 
 namespace zelta {
@@ -85,6 +87,51 @@ TEST_F(ShellFocus, TypingBeginsInTheFirstFieldThatIsSeen)
     test.model.setSelection(Module::settings);
     test.model.setSelection(Module::percent);
     EXPECT_EQ(focusedField(), QStringLiteral("Value"));
+}
+
+TEST_F(ShellFocus, TypingGoesOnInTheFieldThatHadItLast)
+{
+    test.model.setSelection(Module::percent);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_EQ(focusedField(), QStringLiteral("Value Y"));
+    test.model.setSelection(Module::history);
+    test.model.setSelection(Module::percent);
+    EXPECT_EQ(focusedField(), QStringLiteral("Value Y"));
+    QTest::mouseClick(window.findChildren<Pill*>().at(1), Qt::LeftButton);
+    test.model.setSelection(Module::history);
+    test.model.setSelection(Module::percent);
+    EXPECT_EQ(focusedField(), QStringLiteral("Value")) << "the other one is not seen";
+}
+
+TEST_F(ShellFocus, HomeAndEndScrollThePage)
+{
+    window.resize(940, 620);
+    test.model.setSelection(Module::converter);
+    page()->setFocus();
+    QApplication::processEvents();
+    const QScrollBar& bar = *page()->verticalScrollBar();
+    ASSERT_GT(bar.maximum(), 0);
+    for (const auto modifiers : {Qt::NoModifier, Qt::ControlModifier}) {
+        QTest::keyClick(page(), Qt::Key_End, modifiers);
+        EXPECT_EQ(bar.value(), bar.maximum());
+        QTest::keyClick(page(), Qt::Key_Home, modifiers);
+        EXPECT_EQ(bar.value(), 0);
+    }
+}
+
+TEST_F(ShellFocus, AKeyOfTheCalculatorBringsItsDisplayIntoSight)
+{
+    window.resize(940, 620);
+    test.model.setSelection(Module::calculator);
+    QApplication::processEvents();
+    QScrollBar& bar = *page()->verticalScrollBar();
+    ASSERT_GT(bar.maximum(), 0);
+    bar.setValue(bar.maximum());
+    QTest::keyClick(page(), Qt::Key_4);
+    EXPECT_FALSE(page()->findChild<CalculatorDisplay*>()->visibleRegion().isEmpty());
+    bar.setValue(bar.maximum());
+    QTest::keyClick(page(), Qt::Key_Up);
+    EXPECT_GT(bar.value(), 0) << "no key of the calculator";
 }
 
 TEST_F(ShellFocus, WhoComesByTabIsSeen)
