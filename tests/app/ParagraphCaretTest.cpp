@@ -144,7 +144,11 @@ TEST(ParagraphCaret, BackspaceTakesAPictureAsAWholeAndMarksOneByOne)
     for (const Case& each : {Case {u"🇩🇪🇫🇷🇯🇵", 4, u"🇫🇷🇯🇵"},
                              {u"a👨‍👩‍👧‍👦", 12, u"a"},
                              {u"1️⃣", 3, u""},
-                             {u"👍🏿!", 4, u"!"},
+                             {u"1\u20E3", 2, u""},
+                             {u"❤\uFE0F", 2, u""},
+                             {u"👍🏻👍🏿!", 8, u"👍🏻!"},
+                             {u"👍🏻!", 4, u"!"},
+                             {u"🏴\U000E0067\U000E0062\U000E0065\U000E006E\U000E0067\U000E007F", 14, u""},
                              {u"x😀", 3, u"x"},
                              {u"e\u0301", 2, u"e"},
                              {u"שָ", 2, u"ש"}}) {
@@ -158,9 +162,23 @@ TEST(ParagraphCaret, BackspaceTakesAPictureAsAWholeAndMarksOneByOne)
     }
 }
 
+TEST(ParagraphCaret, BackspaceBehindAPictureStillTakesASelectionOrAWord)
+{
+    Stage selected("ab👍🏿");
+    selected.setCaret(1);
+    selected.key(Qt::Key_End, Qt::ShiftModifier);
+    selected.key(Qt::Key_Backspace);
+    EXPECT_EQ(selected.editor.text(), QStringLiteral("a"));
+
+    Stage words("one 🇩🇪🇫🇷");
+    words.key(Qt::Key_End);
+    words.key(Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(words.editor.text(), QStringLiteral("one "));
+}
+
 TEST(ParagraphCaret, AClickPutsTheCaretBetweenCharacters)
 {
-    for (const char* text : {"क्षत्रिय स्त्री", "می‌خواهم", "👨‍👩‍👧‍👦 a"}) {
+    for (const char* text : {"क्षत्रिय स्त्री", "می‌خواهم", "ی‌خ", "👨‍👩‍👧‍👦 a"}) {
         Stage stage(text);
         const std::set<int> boundaries = characterBoundaries(stage);
         for (int x = 0; x < stage.editor.width(); ++x) {
