@@ -122,6 +122,20 @@ TEST(NoteListModel, ReadsANoteAgainThatCouldNotBeRead)
     EXPECT_EQ(row.data(NoteListModel::titleRole).toString(), QStringLiteral("there"));
 }
 
+TEST(NoteListModel, GivesTheBeginningOfLongTextsInWholeCharacters)
+{
+    const std::string most(399, 'a');
+    const std::string text = most + "😀 and more";
+    NoteListModel model(
+        [&text](std::int64_t id) {
+            return Note(id, {{.text = text}, {.text = text}}, {}, {});
+        },
+        nullptr);
+    model.setNotes({noteOf(1, at(10, 3, 2026))}, at(10, 3, 2026), paris);
+    for (const NoteListModel::Role role : {NoteListModel::titleRole, NoteListModel::previewRole})
+        EXPECT_EQ(model.index(1).data(role).toString(), QString::fromStdString(most)) << role;
+}
+
 TEST(NoteListModel, ReadsANoteOnceForEachState)
 {
     const Instant now = at(10, 3, 2026);

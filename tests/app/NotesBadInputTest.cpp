@@ -313,6 +313,26 @@ TEST_F(NotesBadInput, TenMegabytesInOneParagraph)
     EXPECT_EQ(toUtf8(QGuiApplication::clipboard()->text()), text + "!");
 }
 
+TEST_F(NotesBadInput, TheQuestionEndsATitleThatIsCutOrTurned)
+{
+    const auto asked = [this](const std::string& title) {
+        add({title});
+        open();
+        page->askToDelete();
+        for (const QLabel* label : page->findChild<ConfirmDialog*>()->findChildren<QLabel*>()) {
+            if (const QString text = label->text(); text.startsWith(QChar(0x201C)))
+                return text.left(text.indexOf(QChar(0x201D)));
+        }
+        return QString();
+    };
+    EXPECT_EQ(asked(std::string(200, 'a')), QChar(0x201C) + QString(200, u'a'));
+    test.clock.advance(1s);
+    EXPECT_EQ(asked(std::string(201, 'a')), QChar(0x201C) + QString(200, u'a') + QChar(0x2026));
+    test.clock.advance(1s);
+    EXPECT_EQ(asked("\u202Eabc"), QStringLiteral(u"\u201C\u202Eabc\u202C"))
+        << "the rest of the question is read in its own direction";
+}
+
 TEST_F(NotesBadInput, AThousandParagraphsMakeOnlyTheirVisibleRows)
 {
     const std::int64_t id = add(Texts(1000, "one of a thousand paragraphs"));
