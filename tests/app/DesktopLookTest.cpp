@@ -195,6 +195,20 @@ TEST_F(DesktopPortalTest, LetsCaretsStandStillWhereTheDesktopWantsIt)
     EXPECT_TRUE(becomes(usual));
 }
 
+TEST_F(DesktopPortalTest, LetsCaretsBlinkWhereTheDesktopDoesNotSay)
+{
+    SettingsPortal heard;
+    const QSignalSpy changes(&heard, &SettingsPortal::caretBlinkChanged);
+    portal->forgetCaretBlinks();
+    heard.ask();
+    EXPECT_TRUE(QTest::qWaitFor([&heard] { return heard.prefersDark(); }));
+    portal->setAnimations(false);
+    portal->setColorScheme(preferLight); // heard after what was told before
+    EXPECT_TRUE(QTest::qWaitFor([&heard] { return !heard.prefersDark(); }));
+    EXPECT_EQ(changes.count(), 0) << "another setting is another thing";
+    portal->setCaretBlinks(true);
+}
+
 TEST_F(DesktopPortalTest, HearsOfTheColourSchemeOnly)
 {
     SettingsPortal heard;

@@ -57,6 +57,11 @@ void StandInPortal::setCaretBlinks(bool blinks)
     tell(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("cursor-blink"), blinks);
 }
 
+void StandInPortal::setAnimations(bool animate)
+{
+    tell(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("enable-animations"), animate);
+}
+
 void StandInPortal::tell(const QString& key, unsigned value)
 {
     tell(QStringLiteral("org.freedesktop.appearance"), key, value);
@@ -80,7 +85,10 @@ bool StandInPortal::handleMessage(const QDBusMessage& message, const QDBusConnec
     if (message.interface() != interface || message.member() != QStringLiteral("Read"))
         return false;
     const bool isCaret = message.arguments().constLast() == QStringLiteral("cursor-blink");
-    const QVariant answer = isCaret ? QVariant(m_caretBlinks) : QVariant(m_colorScheme);
+    if (isCaret && !m_caretBlinks)
+        return connection.send(message.createErrorReply(
+            QStringLiteral("org.freedesktop.portal.Error.NotFound"), QStringLiteral("not found")));
+    const QVariant answer = isCaret ? QVariant(*m_caretBlinks) : QVariant(m_colorScheme);
     return connection.send(message.createReply(variant(variant(answer))));
 }
 

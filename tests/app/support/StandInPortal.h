@@ -4,6 +4,7 @@
 #include <QDBusVirtualObject>
 #include <QProcess>
 #include <QString>
+#include <optional>
 
 namespace zelta::test {
 
@@ -27,6 +28,12 @@ public:
     /// The same for the carets of text fields.
     void setCaretBlinks(bool blinks);
 
+    /// Does not know from now on whether they blink.
+    void forgetCaretBlinks() { m_caretBlinks = std::nullopt; }
+
+    /// Tells everybody of another setting beside that of the carets.
+    void setAnimations(bool animate);
+
     /// Tells everybody of another setting of the appearance.
     void tell(const QString& key, unsigned value);
 
@@ -39,7 +46,7 @@ private:
     QProcess m_daemon;
     QDBusConnection m_bus;
     unsigned m_colorScheme = 0;
-    bool m_caretBlinks = true;
+    std::optional<bool> m_caretBlinks = true;
     bool m_isReady = false;
 };
 
