@@ -1,12 +1,16 @@
+#include "app/look/Theme.h"
 #include "tests/app/support/CalculatorStage.h"
+#include "tests/app/support/Tip.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QImage>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolTip>
+#include <algorithm>
 
 namespace zelta {
 namespace {
@@ -73,9 +77,29 @@ TEST(CalculatorTapePanel, ShowsAnElidedExpressionInTheHoverHelp)
     TapeLine* whole = stage.lines()[0];
     TapeLine* cut = stage.lines()[1];
     EXPECT_EQ(helpOver(cut, TapeLine::bleed + 1), cut->accessibleName());
+    EXPECT_TRUE(test::tipLasts()) << "a long text takes longer to read than a tip usually stays";
+    EXPECT_EQ(cut->toolTipDuration(), Metric::lastingTip) << "the result can be long, too";
     EXPECT_EQ(helpOver(cut, cut->width() - 30), cut->toolTip());
     EXPECT_EQ(helpOver(whole, TapeLine::bleed + 1), QStringLiteral("Use 2"));
     QToolTip::hideText();
+}
+
+TEST(CalculatorTapePanel, LeavesRoomForTheExpressionBesideALongResult)
+{
+    Stage stage;
+    stage.type("123456789012345*987654321098765\r*123456789012345\r*123456789012345\r");
+    TapeLine* line = stage.lines()[0];
+    const QImage shown = line->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    int gap = 0;
+    int widestGap = 0;
+    for (int x = TapeLine::bleed; x < shown.width() / 2; ++x) {
+        const QImage column = shown.copy(x, 4, 1, shown.height() - 8);
+        QImage blank(column.size(), column.format());
+        blank.fill(shown.pixel(1, 4));
+        gap = column == blank ? gap + 1 : 0;
+        widestGap = std::max(widestGap, gap);
+    }
+    EXPECT_GE(widestGap, 10) << qPrintable(line->accessibleName());
 }
 
 TEST(CalculatorTapePanel, CopiesALineFromItsMenu)
@@ -86,6 +110,7 @@ TEST(CalculatorTapePanel, CopiesALineFromItsMenu)
     EXPECT_EQ(line->contextMenuPolicy(), Qt::ActionsContextMenu);
     Stage::action(line, "Copy result")->trigger();
     EXPECT_EQ(stage.clipboard(), "3,600");
+    EXPECT_EQ(stage.flash(), "Copied");
     Stage::action(line, "Copy line")->trigger();
     EXPECT_EQ(stage.clipboard(), "1,200 × 3 = 3,600");
     EXPECT_EQ(stage.flash(), "Copied");
@@ -95,6 +120,7 @@ TEST(CalculatorTapePanel, CopiesALineFromItsMenu)
 TEST(CalculatorTapePanel, IsClearedOnRequest)
 {
     Stage stage;
+    stage.type("1+1\r");
     stage.type("1+1\r");
     Q_EMIT stage.button("Clear tape")->clicked();
     EXPECT_TRUE(stage.lines().empty());

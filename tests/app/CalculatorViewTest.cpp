@@ -315,9 +315,13 @@ TEST(CalculatorDisplay, ShrinksALongNumberAndElidesTheLongest)
     display.setTexts(longest + QStringLiteral(" +"), QStringLiteral("3"));
     EXPECT_EQ(display.toolTip(), longest + QStringLiteral(" +"));
     display.setTexts({}, longest);
+    EXPECT_EQ(display.toolTipDuration(), Metric::lastingTip)
+        << "it takes longer to read than a tip usually stays";
     EXPECT_EQ(display.number(), longest);
     EXPECT_EQ(test::accessible(*label).text(QAccessible::Name), longest) << "read out whole";
     display.show();
+    EXPECT_EQ(display.height() - label->geometry().bottom() - 1, CalculatorDisplay::edge)
+        << "room for the ring below as above";
     display.resize(4000, 69);
     EXPECT_EQ(label->text(), longest);
     EXPECT_EQ(label->font().pixelSize(), 40) << "a wider window makes room";

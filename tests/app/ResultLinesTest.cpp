@@ -2,8 +2,10 @@
 
 #include "app/components/Label.h"
 #include "app/components/ResultLine.h"
+#include "app/look/Theme.h"
 #include "app/model/Text.h"
 #include "tests/app/support/HandClock.h"
+#include "tests/app/support/Tip.h"
 
 #include <gtest/gtest.h>
 
@@ -314,6 +316,7 @@ TEST(ResultLines, KeepTheWholeTextOfAnElidedValue)
     EXPECT_EQ(stage.line(0)->toolTip(), QStringLiteral("Click to copy “%1”").arg(toQt(digits)));
     EXPECT_EQ(stage.line(0)->childAt(stage.value(0)->geometry().center()), nullptr)
         << "a selection would be copied with its ellipsis";
+    EXPECT_EQ(stage.line(0)->toolTipDuration(), Metric::lastingTip);
     stage.line(0)->click();
     EXPECT_EQ(clipboardText(), toQt(digits));
 }
@@ -326,6 +329,7 @@ TEST(ResultLines, ShowAnElidedLabelInTheHoverHelp)
     QHelpEvent help(QEvent::ToolTip, overLabel, stage.line(0)->mapToGlobal(overLabel));
     QApplication::sendEvent(stage.line(0), &help);
     EXPECT_EQ(QToolTip::text(), toQt(label));
+    EXPECT_TRUE(test::tipLasts()) << "a long text takes longer to read than a tip usually stays";
     QToolTip::hideText();
 }
 
