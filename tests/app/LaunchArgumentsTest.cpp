@@ -42,6 +42,7 @@ TEST(LaunchArguments, AnythingElseIsRefused)
     EXPECT_EQ(parse({"--version", "-x"}).request, Request::refuse);
     EXPECT_EQ(parse({"-x"}).complaint, "zelta-basic: unknown option '-x'; see --help");
     EXPECT_EQ(parse({"a\nb\x1b[1mé"}).complaint, "zelta-basic: unknown option 'a?b?[1mé'; see --help");
+    EXPECT_EQ(parse({"a b\x7f"}).complaint, "zelta-basic: unknown option 'a b?'; see --help");
 }
 
 TEST(LaunchArguments, VersionAndHelpAreAnsweredInsteadOfRunning)

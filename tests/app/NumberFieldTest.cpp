@@ -87,8 +87,8 @@ TEST_F(NumberFieldTest, TakesWhatIsPastedOnOneLine)
     ASSERT_EQ(edited.count(), 1);
     EXPECT_EQ(edited.front().front().toString(), QStringLiteral("12"));
     field.field()->setCursorPosition(1);
-    EXPECT_EQ(paste("3\t4\u2028"), QStringLiteral("13 4 2"));
-    EXPECT_EQ(field.field()->cursorPosition(), 5) << "behind it";
+    EXPECT_EQ(paste("3\t4\u20285\u2029"), QStringLiteral("13 4 5 2"));
+    EXPECT_EQ(field.field()->cursorPosition(), 7) << "behind it";
     EXPECT_FALSE(field.showsWarning());
 }
 

@@ -6,6 +6,7 @@
 #include "app/shell/Lifetime.h"
 #include "app/shell/MainWindow.h"
 #include "app/shell/PageChrome.h"
+#include "app/shell/Sidebar.h"
 #include "app/shell/SidebarRow.h"
 #include "tests/app/support/Accessible.h"
 #include "tests/app/support/TestModel.h"
@@ -78,6 +79,8 @@ TEST_F(ShellTest, HasTheGivenSizes)
 {
     EXPECT_EQ(window.size(), QSize(1120, 760));
     EXPECT_EQ(window.minimumSize(), QSize(940, 620));
+    EXPECT_EQ(window.findChild<Sidebar*>()->minimumWidth(), 268);
+    EXPECT_EQ(window.findChild<Sidebar*>()->maximumWidth(), 320);
 }
 
 TEST_F(ShellTest, ControlAndADigitShowAPageAndStoreIt)
