@@ -55,6 +55,9 @@ class Launch(scenario.Scenario):
         self.start_with("sh", "-c", 'exec "$@" <&- >&- 2>&-', "sh")
         for stream in range(3):
             self.assertEqual(os.readlink(f"/proc/{self.app.process.pid}/fd/{stream}"), "/dev/null")
+            # The database's library fills them too, for reading only, where nothing else has come first.
+            facts = pathlib.Path(f"/proc/{self.app.process.pid}/fdinfo/{stream}").read_text().split()
+            self.assertEqual(int(facts[facts.index("flags:") + 1], 8) & os.O_ACCMODE, os.O_RDWR)
 
     def test_a_message_that_nobody_reads_does_not_end_the_program(self):
         # Qt warns of a missing folder for what belongs to the running session.
