@@ -201,7 +201,7 @@ void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
         setTextCursor(cursor);
         return;
     }
-    if (event->key() == Qt::Key_Backspace && event->modifiers() == Qt::NoModifier && !isComposing
+    if (event->key() == Qt::Key_Backspace && (event->modifiers() & ~Qt::ShiftModifier) == 0 && !isComposing
         && deletePicture())
         return;
     const int before = textCursor().position();

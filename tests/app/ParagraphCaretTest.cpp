@@ -154,11 +154,13 @@ TEST(ParagraphCaret, BackspaceTakesAPictureAsAWholeAndMarksOneByOne)
                              {u"שָ", 2, u"ש"}}) {
         const QString text = QString::fromUtf16(each.text);
         Stage stage(text.toStdString());
-        stage.setCaret(each.caret);
-        stage.key(Qt::Key_Backspace);
-        EXPECT_EQ(stage.editor.text(), QString::fromUtf16(each.rest)) << qPrintable(text);
-        stage.undo();
-        EXPECT_EQ(stage.editor.text(), text);
+        for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
+            stage.setCaret(each.caret);
+            stage.key(Qt::Key_Backspace, modifier);
+            EXPECT_EQ(stage.editor.text(), QString::fromUtf16(each.rest)) << qPrintable(text) << modifier;
+            stage.undo();
+            EXPECT_EQ(stage.editor.text(), text);
+        }
     }
 }
 
