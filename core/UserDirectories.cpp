@@ -64,7 +64,13 @@ void createPrivateDirectories(const std::filesystem::path& directory)
 void createPrivateFile([[maybe_unused]] const std::filesystem::path& file)
 {
 #ifndef _WIN32
-    const int made = ::open(file.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    constexpr int create = O_CREAT | O_RDWR | O_CLOEXEC;
+    int made = ::open(file.c_str(), create | O_EXCL, S_IRUSR | S_IWUSR);
+    // A link to a file that is still to be made. One that is there is not opened: closing it again would give
+    // up the locks that this process has on it.
+    std::error_code unknown;
+    if (made == -1 && !exists(file, unknown) && !unknown)
+        made = ::open(file.c_str(), create, S_IRUSR | S_IWUSR);
     if (made != -1)
         ::close(made);
 #endif

@@ -85,6 +85,17 @@ TEST_F(StoreFile, IsReadableByItsOwnerOnlyWhereverItLies)
         EXPECT_EQ(modeOf(file.string() + part), 0600U) << part;
 }
 
+TEST_F(StoreFile, IsReadableByItsOwnerOnlyBehindALinkAsWell)
+{
+    const path link = directory / "link.sqlite";
+    create_symlink(file, link);
+    const mode_t before = umask(0);
+    const Store store(link);
+    umask(before);
+    EXPECT_TRUE(store.isPersistent());
+    EXPECT_EQ(modeOf(file), 0600U);
+}
+
 TEST_F(StoreFile, LeavesTheRightsOfAnExistingFile)
 {
     write(file, "");
