@@ -29,7 +29,8 @@ SidebarRow::SidebarRow(Module module, const QString& subtitle, QWidget* parent)
 {
     setSubtitle(subtitle);
     setFont(Theme::font(Theme::FontRole::rowTitle));
-    QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Ignored,
+                       QSizePolicy::Preferred); // fixed would mean: as at the ideal width
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }
