@@ -51,7 +51,19 @@ bool DesktopLook::eventFilter(QObject* watched, QEvent* event)
         readDesktopPalette();
     else if (event->type() == QEvent::KeyPress && QToolTip::isVisible())
         QToolTip::hideText(); // it would lie over what is typed, and tell what was there before
+    else if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType())
+        endKeyboardUse(*static_cast<QWidget*>(watched)->window());
     return QObject::eventFilter(watched, event);
+}
+
+/// Qt notes that the keyboard moved the focus, and for the rest of the run shows rings for the mouse as well.
+void DesktopLook::endKeyboardUse(QWidget& window)
+{
+    if (!window.testAttribute(Qt::WA_KeyboardFocusChange))
+        return;
+    window.setAttribute(Qt::WA_KeyboardFocusChange, false);
+    if (QWidget* focus = window.focusWidget())
+        focus->update();
 }
 
 /// Our palette hides the desktop's: where it still stands, it is taken off to see what the desktop says now.

@@ -3,6 +3,7 @@
 #include <QObject>
 
 class QApplication;
+class QWidget;
 
 namespace zelta {
 
@@ -26,6 +27,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    static void endKeyboardUse(QWidget& window);
     void readDesktopPalette();
     void apply();
     void applyCaretBlink();

@@ -2,6 +2,7 @@
 
 #include "app/components/Label.h"
 #include "app/look/SettingsPortal.h"
+#include "app/look/Surface.h"
 #include "app/look/Theme.h"
 #include "tests/app/support/StandInPortal.h"
 
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QStyleHints>
 #include <QTest>
@@ -79,6 +81,23 @@ bool becomes(Appearance appearance)
 }
 
 } // namespace
+
+TEST_F(DesktopLookTest, ShowsNoFocusRingsOnceTheMouseIsUsed)
+{
+    const DesktopLook look(application());
+    QWidget window;
+    QLineEdit first(&window);
+    QLineEdit second(&window);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    first.setFocus();
+    QTest::keyClick(&first, Qt::Key_Tab);
+    ASSERT_TRUE(Surface::showsFocus(second));
+    QTest::mouseClick(&window, Qt::LeftButton, {}, {window.width() - 1, window.height() - 1});
+    EXPECT_FALSE(Surface::showsFocus(second));
+    QTest::keyClick(&second, Qt::Key_Tab);
+    EXPECT_TRUE(Surface::showsFocus(first));
+}
 
 TEST_F(DesktopLookTest, StartsAsTheDesktopIs)
 {
