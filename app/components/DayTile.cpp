@@ -29,7 +29,7 @@ DayTile::DayTile(Look look, QWidget* parent)
     : QAbstractButton(parent)
     , m_look(look)
 {
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
@@ -50,7 +50,7 @@ void DayTile::setCell(const DayCell& cell, const Calendar& calendar)
 void DayTile::setSelected(bool selected)
 {
     m_selected = selected;
-    setFocusPolicy(selected ? Qt::StrongFocus : Qt::ClickFocus);
+    setFocusPolicy(selected ? Qt::TabFocus : Qt::NoFocus);
     describe();
     update();
 }

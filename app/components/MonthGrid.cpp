@@ -68,7 +68,11 @@ void MonthGrid::makeRow(int row)
         tile = new DayTile(m_look, this);
         if (m_look == DayTile::Look::picker)
             tile->setFixedHeight(pickerTileHeight);
-        connect(tile, &DayTile::clicked, this, [this, tile] { Q_EMIT dayChosen(tile->cell()); });
+        connect(tile, &DayTile::clicked, this, [this, tile] {
+            Q_EMIT dayChosen(tile->cell());
+            if (isVisible())
+                focusSelected(); // the arrows go on from there
+        });
         connect(tile, &DayTile::moveRequested, this,
                 [this, tile](int days) { Q_EMIT moveRequested(tile->cell(), days); });
         m_layout->addWidget(tile, row + 1, column++);
@@ -78,12 +82,12 @@ void MonthGrid::makeRow(int row)
 void MonthGrid::showMonth(const std::vector<WeekRow>& rows, const std::string& selectedKey,
                           const Calendar& calendar)
 {
-    const bool hadFocus = isAncestorOf(window()->focusWidget());
+    const bool hadFocus = m_stop && m_stop->hasFocus();
     m_stop = nullptr;
     for (std::size_t row = 0; row < m_tiles.size(); ++row)
         showRow(row, row < rows.size() ? rows[row] : WeekRow {}, selectedKey, calendar);
     if (m_stop)
-        m_stop->setFocusPolicy(Qt::StrongFocus);
+        m_stop->setFocusPolicy(Qt::TabFocus);
     // The focus goes with the selection; the tile that had it may show another day now, or none.
     if (hadFocus)
         focusSelected();
