@@ -299,8 +299,10 @@ bool ResultLine::filterValueMouse(QEvent* event)
     }
     case QEvent::MouseButtonRelease: {
         const auto* mouse = static_cast<QMouseEvent*>(event);
-        if (mouse->button() == Qt::LeftButton && !isDrag(*mouse))
+        if (mouse->button() == Qt::LeftButton && !isDrag(*mouse)) {
+            dropSelection();
             click();
+        }
         return false;
     }
     default:
@@ -323,7 +325,16 @@ void ResultLine::mouseReleaseEvent(QMouseEvent* event)
 {
     if (isDown() && isDrag(*event))
         setDown(false);
+    if (isDown())
+        dropSelection();
     QAbstractButton::mouseReleaseEvent(event);
+}
+
+/// What was selected in a value before is not what Ctrl+C should copy after a click here.
+void ResultLine::dropSelection()
+{
+    if (qobject_cast<QLabel*>(window()->focusWidget()))
+        setFocus(Qt::MouseFocusReason);
 }
 
 void ResultLine::keyPressEvent(QKeyEvent* event)

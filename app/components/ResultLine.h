@@ -89,6 +89,7 @@ private:
     [[nodiscard]] bool isReference() const { return m_row.label.empty(); }
     [[nodiscard]] bool isDrag(const QMouseEvent& event) const;
     bool filterValueMouse(QEvent* event);
+    void dropSelection();
 
     ResultRow m_row;
     Text m_label;

@@ -176,6 +176,8 @@ TEST(ResultLines, SelectTextOnADragOfFourPixels)
     EXPECT_EQ(clipboardText(), QString());
     EXPECT_EQ(value->selectedText(), QStringLiteral("66.6667%"));
     EXPECT_EQ(stage.window.focusWidget(), value) << "so that Ctrl+C copies it";
+    QTest::mouseClick(stage.line(1), Qt::LeftButton);
+    EXPECT_FALSE(value->hasSelectedText()) << "Ctrl+C would undo what the click has copied";
 }
 
 TEST(ResultLines, ShowAValueInTheSamePlaceWhenItIsSelected)
