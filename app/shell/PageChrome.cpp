@@ -96,6 +96,10 @@ PageChrome::PageChrome(Module module, AppModel& model, const MakeContent& makeCo
         if (isVisible() && m_column->isAncestorOf(now) && !m_column->isAncestorOf(before)
             && Surface::showsFocus(*now))
             ensureWidgetVisible(now);
+        disconnect(m_typing);
+        if (auto* field = qobject_cast<QLineEdit*>(now); field && m_column->isAncestorOf(field))
+            m_typing
+                = connect(field, &QLineEdit::textEdited, this, [this, field] { ensureWidgetVisible(field); });
     });
     showMessage();
 }

@@ -44,6 +44,7 @@ private:
     AppModel& m_model;
     QWidget* m_column;
     QPointer<QWidget> m_lastFocus; ///< In this page; Qt forgets it when the window turns to another.
+    QMetaObject::Connection m_typing; ///< Brings the field with the focus into sight.
     Label* m_subtitle = nullptr;
     Flash* m_message = nullptr;
 };

@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
+#include <QSplitter>
 #include <algorithm>
 
 namespace zelta {
@@ -134,6 +135,19 @@ TEST_F(ShellFocus, AKeyOfTheCalculatorBringsItsDisplayIntoSight)
     EXPECT_GT(bar.value(), 0) << "no key of the calculator";
 }
 
+TEST_F(ShellFocus, AFieldThatIsTypedIntoIsSeen)
+{
+    window.resize(940, 620);
+    test.model.setSelection(Module::duration);
+    QApplication::processEvents();
+    QWidget* field = QApplication::focusWidget();
+    ASSERT_NE(qobject_cast<QLineEdit*>(field), nullptr);
+    page()->verticalScrollBar()->setValue(page()->verticalScrollBar()->maximum());
+    ASSERT_TRUE(field->visibleRegion().isEmpty());
+    QTest::keyClick(field, Qt::Key_3);
+    EXPECT_FALSE(field->visibleRegion().isEmpty());
+}
+
 TEST_F(ShellFocus, WhoComesByTabIsSeen)
 {
     window.resize(940, 620);
@@ -143,6 +157,18 @@ TEST_F(ShellFocus, WhoComesByTabIsSeen)
     QTest::keyClick(row(Module::duration), Qt::Key_Backtab);
     EXPECT_TRUE(page()->isAncestorOf(QApplication::focusWidget())) << "the last control of the page";
     EXPECT_FALSE(QApplication::focusWidget()->visibleRegion().isEmpty());
+}
+
+TEST_F(ShellFocus, RowsAreAsHighAsTheirWordsNeedAtAnyWidth)
+{
+    auto* splitter = window.findChild<QSplitter*>();
+    for (const int width : {268, 280, 320}) {
+        splitter->setSizes({width, window.width() - width});
+        QApplication::processEvents();
+        for (const SidebarRow* row : window.findChildren<SidebarRow*>()) {
+            EXPECT_EQ(row->height(), row->heightForWidth(row->width())) << width << toUtf8(row->text());
+        }
+    }
 }
 
 TEST_F(ShellFocus, TheSelectedRowIsRaised)
