@@ -29,8 +29,8 @@ SidebarRow::SidebarRow(Module module, const QString& subtitle, QWidget* parent)
 {
     setSubtitle(subtitle);
     setFont(Theme::font(Theme::FontRole::rowTitle));
-    QSizePolicy policy(QSizePolicy::Ignored,
-                       QSizePolicy::Preferred); // fixed would mean: as at the ideal width
+    // Not a fixed height: that would be the one at the ideal width.
+    QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }
