@@ -1,15 +1,21 @@
 #include "app/look/Symbols.h"
 
+#include "app/look/RecordedPoint.h"
 #include "app/model/Text.h"
 
 #include <QIconEngine>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPicture>
 #include <QPixmapCache>
 #include <QRectF>
+#include <QResource>
 #include <QtMath>
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstring>
+#include <span>
 #include <utility>
 
 namespace zelta::Symbols {
@@ -50,38 +56,48 @@ std::string_view fileName(std::string_view name)
     return name;
 }
 
-/// A drawing that the build has recorded, 24 units wide. Null when there is none.
-QPicture recorded(const QString& name)
-{
-    QPicture picture;
-    picture.load(QStringLiteral(":/drawings/%1.pic").arg(name));
-    return picture;
-}
+constexpr double units = 24; // the width of a recorded drawing
 
-/// With the line width that suits the size.
-QPicture drawing(std::string_view name, int size, Stroke stroke)
+/// What the build has recorded of a drawing, with the line width that suits the size. Empty when there is
+/// none.
+QPainterPath shape(std::string_view name, int size, Stroke stroke)
 {
     constexpr int small = 16;
     const auto* const line = stroke == Stroke::bold ? ".bold" : size <= small ? ".small" : "";
-    return recorded(toQt(fileName(name)) + QLatin1String(line));
+    const QResource file(
+        QStringLiteral(":/drawings/%1%2.shape").arg(toQt(fileName(name)), QLatin1String(line)));
+    const std::span bytes(file.data(), static_cast<std::size_t>(file.size()));
+    QPainterPath shape;
+    bool isFirst = false;
+    for (std::size_t at = 0; at < bytes.size(); at += sizeof(RecordedPoint)) {
+        RecordedPoint point {};
+        std::memcpy(&point, &bytes[at], sizeof point);
+        const QPointF place = QPointF(point.x, point.y) / RecordedPoint::scale;
+        if (point == outlineBegins)
+            isFirst = true;
+        else if (std::exchange(isFirst, false))
+            shape.moveTo(place);
+        else
+            shape.lineTo(place);
+    }
+    return shape;
 }
 
-QPixmap render(QPicture& picture, int side)
+/// A square picture with nothing in it yet.
+QPixmap emptyPixmap(int side)
 {
-    constexpr double units = 24;
     QPixmap pixmap(side, side);
     pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.scale(side / units, side / units);
-    picture.play(&painter);
     return pixmap;
 }
 
-QPixmap tinted(QPixmap pixmap, const QColor& color)
+QPixmap render(const QPainterPath& shape, int side, const QColor& color)
 {
+    QPixmap pixmap = emptyPixmap(side);
     QPainter painter(&pixmap);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(pixmap.rect(), color);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(side / units, side / units);
+    painter.fillPath(shape, color);
     return pixmap;
 }
 
@@ -96,8 +112,14 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
     {
-        QPicture picture = recorded(QStringLiteral("app-icon"));
-        return render(picture, std::min(size.width(), size.height()));
+        QPicture picture;
+        picture.load(QStringLiteral(":/drawings/app-icon.pic"));
+        const int side = std::min(size.width(), size.height());
+        QPixmap pixmap = emptyPixmap(side);
+        QPainter painter(&pixmap);
+        painter.scale(side / units, side / units);
+        picture.play(&painter);
+        return pixmap;
     }
 
     [[nodiscard]] QIconEngine* clone() const override { return new AppIconEngine; }
@@ -116,10 +138,10 @@ QPixmap pixmap(std::string_view name, int size, const QColor& color, double devi
     QPixmap found;
     if (QPixmapCache::find(key, &found))
         return found;
-    QPicture picture = drawing(name, size, stroke);
-    if (picture.isNull())
+    const QPainterPath drawing = shape(name, size, stroke);
+    if (drawing.isEmpty())
         return {};
-    found = tinted(render(picture, qCeil(size * devicePixelRatio)), color);
+    found = render(drawing, qCeil(size * devicePixelRatio), color);
     found.setDevicePixelRatio(devicePixelRatio);
     QPixmapCache::insert(key, found);
     return found;
