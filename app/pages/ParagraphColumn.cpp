@@ -141,14 +141,46 @@ void ParagraphColumn::focusParagraph(std::size_t at)
 {
     if (at >= m_rows.size())
         return;
+    SelectableTextEditor& editor = editorAt(at);
+    editor.setFocus(Qt::OtherFocusReason);
+    bringIntoSight(editor, editor.cursorRect());
+}
+
+/// The text view of a row, which is made if need be.
+SelectableTextEditor& ParagraphColumn::editorAt(std::size_t at)
+{
     if (m_rows[at].editor == nullptr) {
         makeEditor(m_rows[at]);
         placeRows();
         chainTabs();
     }
-    SelectableTextEditor& editor = *m_rows[at].editor->editor();
-    editor.setFocus(Qt::OtherFocusReason);
-    bringIntoSight(editor, editor.cursorRect());
+    return *m_rows[at].editor->editor();
+}
+
+/// To the row at a place above or below another row's text view; from there at least one row on.
+void ParagraphColumn::moveCaret(const TextBlockEditor& from, const QPoint& place)
+{
+    const auto own = placeOf(&from);
+    const bool isUp = place.y() < 0;
+    if (!own || *own == (isUp ? 0 : m_rows.size() - 1))
+        return;
+    const QPoint target = from.editor()->mapTo(m_content, place);
+    const auto below = std::ranges::upper_bound(m_rows, target.y(), {}, &Row::top);
+    const auto found = static_cast<std::size_t>(std::max<std::ptrdiff_t>(below - m_rows.begin(), 1) - 1);
+    const std::size_t at = isUp ? std::min(found, *own - 1) : std::max(found, *own + 1);
+    SelectableTextEditor& editor = editorAt(at);
+    editor.putCaret(editor.mapFrom(m_content, target));
+    focusParagraph(at);
+}
+
+void ParagraphColumn::moveCaretPast(const TextBlockEditor& from, bool last)
+{
+    const auto own = placeOf(&from);
+    if (!own || *own == (last ? m_rows.size() - 1 : 0))
+        return;
+    const std::size_t at = last ? *own + 1 : *own - 1;
+    editorAt(at).putCaretAtEnd(!last);
+    focusParagraph(at);
 }
 
 void ParagraphColumn::bringIntoSight(const SelectableTextEditor& editor, const QRect& caret)
@@ -206,6 +238,10 @@ void ParagraphColumn::makeEditor(Row& row)
     });
     connect(made->editor(), &SelectableTextEditor::caretMoved, this,
             [this, made](const QRect& caret) { bringIntoSight(*made->editor(), caret); });
+    connect(made->editor(), &SelectableTextEditor::caretLeaves, this,
+            [this, made](const QPoint& place) { moveCaret(*made, place); });
+    connect(made->editor(), &SelectableTextEditor::caretPassedEnd, this,
+            [this, made](bool last) { moveCaretPast(*made, last); });
     connect(made->editor(), &SelectableTextEditor::focusChanged, this, [this](bool focused) {
         if (focused)
             placeRows(); // Tab needs the neighbours

@@ -75,6 +75,9 @@ private:
     void measureRows();
     bool makeEditorsInSight();
     void chainTabs();
+    SelectableTextEditor& editorAt(std::size_t at);
+    void moveCaret(const TextBlockEditor& from, const QPoint& place);
+    void moveCaretPast(const TextBlockEditor& from, bool last);
     void bringIntoSight(const SelectableTextEditor& editor, const QRect& caret);
     [[nodiscard]] int rowWidth() const;
     [[nodiscard]] int estimatedHeight(const std::string& text) const;

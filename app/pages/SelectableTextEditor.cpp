@@ -1,17 +1,21 @@
 #include "app/pages/SelectableTextEditor.h"
 
 #include "app/components/Clipboard.h"
+#include "app/components/ScrollArea.h"
 #include "app/look/Theme.h"
 #include "app/pages/ParagraphLayout.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QStringView>
 #include <QTextBlock>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
 #include <QTextLayout>
+#include <QTimerEvent>
 #include <algorithm>
 
 namespace zelta {
@@ -131,6 +135,20 @@ QRect SelectableTextEditor::linesRect() const
     return QRect(0, 0, width(), textHeight()).marginsRemoved(ParagraphLayout::inset);
 }
 
+void SelectableTextEditor::putCaretAtEnd(bool last)
+{
+    moveCursor(last ? QTextCursor::End : QTextCursor::Start);
+}
+
+void SelectableTextEditor::putCaret(const QPoint& place)
+{
+    QTextCursor cursor(document());
+    const int first = cursorRect(cursor).center().y();
+    cursor.movePosition(QTextCursor::End);
+    const int last = cursorRect(cursor).center().y();
+    setTextCursor(cursorForPosition({place.x(), std::clamp(place.y(), first, last)}));
+}
+
 bool SelectableTextEditor::canInsertFromMimeData(const QMimeData* source) const
 {
     return offersText(source) || source->hasHtml();
@@ -214,6 +232,8 @@ void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
         stepToOtherLine(*event);
     else if (isStep)
         stepOutOfCharacter(*event);
+    else if (!isComposing && hasStayed)
+        stepToOtherParagraph(*event);
 }
 
 /// Backspace takes a letter's marks one by one, but half a flag is another flag, or none. False where no
@@ -250,13 +270,61 @@ void SelectableTextEditor::stepToOtherLine(QKeyEvent& event)
     const QTextBlock here = cursor.block();
     const bool isForward = (event.key() == Qt::Key_Right) == (m_direction == TextDirection::leftToRight);
     const QTextBlock there = isForward ? here.next() : here.previous();
-    if (!there.isValid())
+    if (!there.isValid()) {
+        if (moveMode(event) == QTextCursor::MoveAnchor)
+            Q_EMIT caretPassedEnd(isForward);
         return;
+    }
     const int crossed = (isForward ? there : here).position() - 1;
     cursor.setPosition(isForward ? crossed + 1 : crossed, moveMode(event));
     setTextCursor(cursor);
     if (m_text.isBetweenPieces(crossed))
         QTextEdit::keyPressEvent(&event);
+}
+
+/// Up in the first line, Down in the last one.
+void SelectableTextEditor::stepToOtherParagraph(const QKeyEvent& event)
+{
+    if ((event.modifiers() & ~Qt::KeypadModifier) != 0)
+        return;
+    if (event.key() == Qt::Key_Up)
+        Q_EMIT caretLeaves({cursorRect().x(), -1});
+    else if (event.key() == Qt::Key_Down)
+        Q_EMIT caretLeaves({cursorRect().x(), height()});
+}
+
+/// Qt would scroll the view on, were it not as high as its text.
+void SelectableTextEditor::mouseMoveEvent(QMouseEvent* event)
+{
+    QTextEdit::mouseMoveEvent(event);
+    constexpr int interval = 50; // milliseconds
+    m_dragPlace = event->globalPosition();
+    const QRect seen = viewport()->visibleRegion().boundingRect();
+    const int y = viewport()->mapFromGlobal(m_dragPlace).toPoint().y(); // the view may have moved
+    const bool isBeyond = y < seen.top() || y > seen.bottom();
+    if (!isBeyond || !isVisible() || !event->buttons().testFlag(Qt::LeftButton))
+        m_dragTimer.stop();
+    else if (!m_dragTimer.isActive())
+        m_dragTimer.start(interval, this);
+}
+
+void SelectableTextEditor::mouseReleaseEvent(QMouseEvent* event)
+{
+    m_dragTimer.stop();
+    QTextEdit::mouseReleaseEvent(event);
+}
+
+/// The pointer stays where it is, and another line has come below it.
+void SelectableTextEditor::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != m_dragTimer.timerId()) {
+        QTextEdit::timerEvent(event);
+        return;
+    }
+    // A view that was hidden meanwhile hears of no release.
+    QMouseEvent again(QEvent::MouseMove, viewport()->mapFromGlobal(m_dragPlace), m_dragPlace, Qt::NoButton,
+                      QGuiApplication::mouseButtons(), QGuiApplication::keyboardModifiers());
+    mouseMoveEvent(&again);
 }
 
 /// A long text is laid out where it is looked at. What that moves is announced after painting.
@@ -339,18 +407,21 @@ void SelectableTextEditor::stepOverPieceBreak(const QKeyEvent& event)
     setTextCursor(cursor);
 }
 
-/// The view is as high as its text, so a page is what the surroundings show of it.
+/// The view is as high as its text, so a page is what the surroundings show.
 bool SelectableTextEditor::movePage(const QKeyEvent& event)
 {
     const bool isPage = event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown;
     if (!isPage || (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != 0)
         return false;
-    const int page = viewport()->visibleRegion().boundingRect().height() - cursorRect().height();
+    const QScrollArea* area = ScrollArea::around(*this);
+    const int page = (area != nullptr ? area->viewport() : viewport())->height() - cursorRect().height();
     QPoint target = cursorRect().center();
     target.ry() += event.key() == Qt::Key_PageDown ? page : -page;
     QTextCursor cursor = textCursor();
     cursor.setPosition(cursorForPosition(target).position(), moveMode(event));
     setTextCursor(cursor);
+    if (!rect().contains(rect().center().x(), target.y()) && moveMode(event) == QTextCursor::MoveAnchor)
+        Q_EMIT caretLeaves(target);
     return true;
 }
 

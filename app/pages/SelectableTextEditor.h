@@ -3,6 +3,8 @@
 #include "app/pages/ExactText.h"
 #include "core/TextDirection.h"
 
+#include <QBasicTimer>
+#include <QPointF>
 #include <QTextEdit>
 
 namespace zelta {
@@ -32,6 +34,12 @@ public:
     /// Where the lines begin and how high they are, as far as they are laid out.
     [[nodiscard]] QRect linesRect() const;
 
+    /// Puts the caret before the first character or behind the last one.
+    void putCaretAtEnd(bool last);
+
+    /// Puts the caret where this place is, or into the nearest line above or below the text.
+    void putCaret(const QPoint& place);
+
 Q_SIGNALS:
     /// A person has changed the text.
     void edited();
@@ -39,6 +47,10 @@ Q_SIGNALS:
     void textHeightChanged();
     /// The caret has moved, or what is around it: this area should be in sight.
     void caretMoved(const QRect& area);
+    /// A key takes the caret to a place above or below this view, and would mark nothing on the way.
+    void caretLeaves(const QPoint& place);
+    /// An arrow takes the caret past the last character, or past the first one.
+    void caretPassedEnd(bool last);
     void focusChanged(bool focused);
 
 protected:
@@ -49,8 +61,11 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
@@ -61,12 +76,15 @@ private:
     bool deletePicture();
     void stepOutOfCharacter(const QKeyEvent& event);
     void stepToOtherLine(QKeyEvent& event);
+    void stepToOtherParagraph(const QKeyEvent& event);
     bool movePage(const QKeyEvent& event);
 
     ExactText m_text;
     ParagraphLayout* m_layout;
     TextDirection m_direction = TextDirection::leftToRight;
     bool m_isSetting = false;
+    QBasicTimer m_dragTimer; // while a selection is dragged beyond what is in sight
+    QPointF m_dragPlace; // on the screen
 };
 
 } // namespace zelta
