@@ -69,6 +69,11 @@ void NotesView::connectParts()
     connect(m_toolbar->newNote, &QPushButton::clicked, this, &NotesView::newNote);
     connect(m_toolbar->search, &QLineEdit::textChanged, this, &NotesView::searchChanged);
     connect(m_toolbar->search, &QLineEdit::editingFinished, this, &NotesView::runDueSearch);
+    connect(m_toolbar->search, &SearchField::resultsWanted, this, [this] {
+        runDueSearch();
+        if (!notes().empty())
+            m_list->list()->setFocus(Qt::TabFocusReason);
+    });
     connect(m_toolbar->undo, &QPushButton::clicked, this, &NotesView::undo);
     connect(m_toolbar->redo, &QPushButton::clicked, this, &NotesView::redo);
     connect(m_toolbar->copy, &QPushButton::clicked, this, &NotesView::copyNote);

@@ -57,6 +57,8 @@ void SearchField::keyPressEvent(QKeyEvent* event)
         clear();
     else
         QLineEdit::keyPressEvent(event);
+    if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        Q_EMIT resultsWanted();
 }
 
 void SearchField::paintEvent(QPaintEvent* event)

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QListView>
+
 namespace zelta {
 namespace {
 
@@ -49,6 +51,26 @@ TEST_F(NotesSearch, IsCarriedOutWhenItsFieldIsLeft)
     page->list()->list()->setFocus();
     EXPECT_EQ(listed(), (Texts {"Today", "peach"}));
     EXPECT_EQ(shown(), Texts {"peach"});
+}
+
+TEST_F(NotesSearch, DownAndReturnGoOnToWhatWasFound)
+{
+    openSlowly();
+    SearchField* field = page->toolbar()->search;
+    QListView* list = page->list()->list();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return, Qt::Key_Enter}) {
+        search(QStringLiteral("p"));
+        field->setFocus();
+        search(QStringLiteral("peach"));
+        QTest::keyClick(field, key);
+        EXPECT_TRUE(list->hasFocus()) << key;
+        EXPECT_EQ(list->currentIndex().data().toString(), QStringLiteral("peach"));
+        EXPECT_EQ(shown(), Texts {"peach"});
+    }
+    field->setFocus();
+    search(QStringLiteral("nowhere"));
+    QTest::keyClick(field, Qt::Key_Down);
+    EXPECT_TRUE(field->hasFocus()) << "nothing was found";
 }
 
 TEST_F(NotesSearch, EscapeAndTheCrossEmptyTheField)
