@@ -35,6 +35,8 @@ DesktopLook::DesktopLook(QApplication& application)
     QToolTip::setFont(Theme::font(Theme::FontRole::caption));
     apply();
     application.installEventFilter(this);
+    // Qt leaves out those that the Edit menu has just now, and shows the others.
+    QCoreApplication::setAttribute(Qt::AA_DontShowShortcutsInContextMenus);
     connect(m_portal, &SettingsPortal::prefersDarkChanged, this, &DesktopLook::apply);
     connect(m_portal, &SettingsPortal::caretBlinkChanged, this, &DesktopLook::applyCaretBlink);
     m_portal->ask();

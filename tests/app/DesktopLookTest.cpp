@@ -11,11 +11,14 @@
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QLineEdit>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QStyleHints>
 #include <QTest>
+#include <QTextEdit>
 #include <QThread>
 #include <QToolTip>
+#include <memory>
 #include <utility>
 
 using namespace zelta;
@@ -81,6 +84,20 @@ bool becomes(Appearance appearance)
 }
 
 } // namespace
+
+TEST_F(DesktopLookTest, MenusOfFieldsNameNoShortcuts)
+{
+    const DesktopLook look(application());
+    QLineEdit field;
+    QTextEdit text;
+    const std::unique_ptr<QMenu> ofField(field.createStandardContextMenu());
+    const std::unique_ptr<QMenu> ofText(text.createStandardContextMenu());
+    for (const QMenu* menu : {ofField.get(), ofText.get()}) {
+        EXPECT_FALSE(menu->actions().isEmpty());
+        for (const QAction* action : menu->actions())
+            EXPECT_FALSE(action->text().contains(u'\t')) << qPrintable(action->text());
+    }
+}
 
 TEST_F(DesktopLookTest, ShowsNoFocusRingsOnceTheMouseIsUsed)
 {
