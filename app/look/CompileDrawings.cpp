@@ -136,8 +136,9 @@ bool compile(const QString& source, const QDir& folder)
     if (!file.open(QIODevice::ReadOnly))
         return false;
     const QByteArray drawing = file.readAll();
-    const QString path = folder.filePath(QFileInfo(source).completeBaseName());
-    if (!drawing.contains(usualWidth))
+    const QString name = QFileInfo(source).completeBaseName();
+    const QString path = folder.filePath(name);
+    if (name == QLatin1String("app-icon"))
         return recordCommands(drawing, path);
     bool isWritten = recordShape(drawing, path);
     for (const auto& [suffix, width] : heavierWidths)
