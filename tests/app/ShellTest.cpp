@@ -105,10 +105,11 @@ TEST_F(ShellTest, ADigitsKeyShowsAPageWhereTheDigitTakesShift)
     };
     press(Qt::Key_Ampersand, 10 + 1, Qt::ControlModifier); // from a page without fields
     EXPECT_EQ(test.model.selection(), Module::percent);
-    press(Qt::Key_Underscore, 10 + 7, Qt::ControlModifier); // from a field
+    press(Qt::Key_Underscore, 10 + static_cast<quint32>(Module::settings),
+          Qt::ControlModifier); // from a field
     EXPECT_EQ(test.model.selection(), Module::settings);
     for (const auto& [place, modifiers] : {std::pair<quint32, Qt::KeyboardModifiers>(9, Qt::ControlModifier),
-                                           {10 + 8, Qt::ControlModifier},
+                                           {10 + caseCount<Module>, Qt::ControlModifier},
                                            {10, Qt::NoModifier},
                                            {10, Qt::ControlModifier | Qt::AltModifier}}) {
         press(Qt::Key_Ampersand, place, modifiers);
@@ -124,7 +125,7 @@ TEST_F(ShellTest, TheGoMenuListsThePagesWithTheirKeys)
         EXPECT_EQ(actions[i]->text(), toQt(title(static_cast<Module>(i))));
         EXPECT_EQ(actions[i]->shortcut(), QKeySequence(QStringLiteral("Ctrl+%1").arg(i + 1)));
     }
-    actions[6]->trigger();
+    actions[static_cast<int>(Module::history)]->trigger();
     EXPECT_EQ(test.model.selection(), Module::history);
 }
 
