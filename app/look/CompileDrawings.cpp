@@ -4,7 +4,7 @@
 //
 // Writes for each line drawing NAME.shape, what its surfaces and lines cover (see RecordedPoint.h), and with
 // heavier lines NAME.small.shape and NAME.bold.shape; and the program's own icon, which has colours, as
-// painter commands in app-icon.pic. All are 24 units wide.
+// painter commands in app-icon.pic.
 #include "app/look/RecordedPoint.h"
 
 #include <QDir>
@@ -25,9 +25,9 @@
 
 namespace {
 
+using zelta::drawingUnits;
 using zelta::RecordedPoint;
 
-constexpr int units = 24;
 constexpr auto usualWidth = "stroke-width=\"1.8\"";
 constexpr auto heavierWidths = std::to_array<std::pair<const char*, const char*>>({
     {".small", "stroke-width=\"2.1\""},
@@ -84,7 +84,7 @@ private:
         switch (metric) {
         case PdmWidth:
         case PdmHeight:
-            return units;
+            return drawingUnits;
         case PdmDevicePixelRatio:
             return 1;
         case PdmDevicePixelRatioScaled:
@@ -112,7 +112,7 @@ bool paint(const QByteArray& drawing, QPaintDevice& device)
 {
     QSvgRenderer renderer(drawing);
     QPainter painter(&device);
-    renderer.render(&painter, QRectF(0, 0, units, units));
+    renderer.render(&painter, QRectF(0, 0, drawingUnits, drawingUnits));
     return renderer.isValid() && painter.end();
 }
 

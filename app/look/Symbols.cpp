@@ -56,8 +56,6 @@ std::string_view fileName(std::string_view name)
     return name;
 }
 
-constexpr double units = 24; // the width of a recorded drawing
-
 /// What the build has recorded of a drawing, with the line width that suits the size. Empty when there is
 /// none.
 QPainterPath shape(std::string_view name, int size, Stroke stroke)
@@ -83,21 +81,15 @@ QPainterPath shape(std::string_view name, int size, Stroke stroke)
     return shape;
 }
 
-/// A square picture with nothing in it yet.
-QPixmap emptyPixmap(int side)
+/// A square picture with what `paint` paints in a drawing's units.
+template <typename Paint> QPixmap rendered(int side, const Paint& paint)
 {
     QPixmap pixmap(side, side);
     pixmap.fill(Qt::transparent);
-    return pixmap;
-}
-
-QPixmap render(const QPainterPath& shape, int side, const QColor& color)
-{
-    QPixmap pixmap = emptyPixmap(side);
     QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(side / units, side / units);
-    painter.fillPath(shape, color);
+    const double scale = static_cast<double>(side) / drawingUnits;
+    painter.scale(scale, scale);
+    paint(painter);
     return pixmap;
 }
 
@@ -114,12 +106,8 @@ public:
     {
         QPicture picture;
         picture.load(QStringLiteral(":/drawings/app-icon.pic"));
-        const int side = std::min(size.width(), size.height());
-        QPixmap pixmap = emptyPixmap(side);
-        QPainter painter(&pixmap);
-        painter.scale(side / units, side / units);
-        picture.play(&painter);
-        return pixmap;
+        return rendered(std::min(size.width(), size.height()),
+                        [&picture](QPainter& painter) { picture.play(&painter); });
     }
 
     [[nodiscard]] QIconEngine* clone() const override { return new AppIconEngine; }
@@ -141,7 +129,10 @@ QPixmap pixmap(std::string_view name, int size, const QColor& color, double devi
     const QPainterPath drawing = shape(name, size, stroke);
     if (drawing.isEmpty())
         return {};
-    found = render(drawing, qCeil(size * devicePixelRatio), color);
+    found = rendered(qCeil(size * devicePixelRatio), [&drawing, &color](QPainter& painter) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.fillPath(drawing, color);
+    });
     found.setDevicePixelRatio(devicePixelRatio);
     QPixmapCache::insert(key, found);
     return found;
