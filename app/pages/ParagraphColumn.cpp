@@ -179,7 +179,7 @@ void ParagraphColumn::moveCaretPast(const TextBlockEditor& from, bool last)
     if (!own || *own == (last ? m_rows.size() - 1 : 0))
         return;
     const std::size_t at = last ? *own + 1 : *own - 1;
-    editorAt(at).putCaretAtEnd(!last);
+    editorAt(at).putCaretAtEnd(!last, from.editor()->direction());
     focusParagraph(at);
 }
 

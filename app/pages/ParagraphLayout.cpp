@@ -86,8 +86,8 @@ void ParagraphLayout::drawBlock(QPainter& painter, const PaintContext& context, 
 
 int ParagraphLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const
 {
-    const int last = std::max(0, document()->lineCount() - 1);
-    const int y = std::clamp(int(point.y()) - inset.top(), 0, last);
+    const int lowest = std::max(0, document()->lineCount() - 1);
+    const int y = std::clamp(int(point.y()) - inset.top(), 0, lowest);
     const QTextBlock block = document()->findBlockByLineNumber(y);
     const QRectF area = blockBoundingRect(block);
     const QTextLayout& lines = *block.layout();
@@ -103,7 +103,12 @@ int ParagraphLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy)
     const QTextLine line = lines.lineAt(index);
     if (accuracy == Qt::ExactHit && !line.naturalTextRect().contains(point - area.topLeft()))
         return -1;
-    int position = line.xToCursor(point.x() - area.left());
+    // At the edges of a wrapped line Qt gives places in its neighbours where the text runs from right to
+    // left.
+    const int end = line.textStart() + line.textLength();
+    const int last = index + 1 < lines.lineCount() ? lines.previousCursorPosition(end) : end;
+    int position = std::clamp(line.xToCursor(point.x() - area.left()), line.textStart(),
+                              std::max(last, line.textStart()));
     while (position > 0
            && !lines.isValidCursorPosition(position)) // a click may hit the middle of a character
         --position;

@@ -16,6 +16,7 @@
 #include <QTextDocument>
 #include <QTextLayout>
 #include <QTimerEvent>
+#include <QtMath>
 #include <algorithm>
 
 namespace zelta {
@@ -102,6 +103,7 @@ SelectableTextEditor::SelectableTextEditor(QWidget* parent)
         Q_EMIT caretMoved(cursorRect());
     });
     connect(this, &QTextEdit::cursorPositionChanged, this, [this] {
+        m_column.reset();
         if (!m_isSetting && hasFocus())
             Q_EMIT caretMoved(cursorRect());
     });
@@ -135,18 +137,24 @@ QRect SelectableTextEditor::linesRect() const
     return QRect(0, 0, width(), textHeight()).marginsRemoved(ParagraphLayout::inset);
 }
 
-void SelectableTextEditor::putCaretAtEnd(bool last)
+void SelectableTextEditor::putCaretAtEnd(bool last, TextDirection from)
 {
+    m_enteredFrom = from;
     moveCursor(last ? QTextCursor::End : QTextCursor::Start);
 }
 
 void SelectableTextEditor::putCaret(const QPoint& place)
 {
-    QTextCursor cursor(document());
-    const int first = cursorRect(cursor).center().y();
-    cursor.movePosition(QTextCursor::End);
-    const int last = cursorRect(cursor).center().y();
-    setTextCursor(cursorForPosition({place.x(), std::clamp(place.y(), first, last)}));
+    moveTo(place, QTextCursor::MoveAnchor);
+}
+
+/// Up and Down lead to the same x again, though a line in between may be shorter.
+void SelectableTextEditor::moveTo(const QPoint& place, QTextCursor::MoveMode mode)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(m_layout->hitTest(place, Qt::FuzzyHit), mode);
+    setTextCursor(cursor);
+    m_column = place.x();
 }
 
 bool SelectableTextEditor::canInsertFromMimeData(const QMimeData* source) const
@@ -202,38 +210,44 @@ void SelectableTextEditor::focusOutEvent(QFocusEvent* event)
     Q_EMIT focusChanged(false);
 }
 
+/// Who moves the caret wants to see it, though it may be where it was.
 void SelectableTextEditor::keyPressEvent(QKeyEvent* event)
+{
+    pressKey(*event);
+    if (event->key() >= Qt::Key_Home && event->key() <= Qt::Key_PageDown && hasFocus())
+        Q_EMIT caretMoved(cursorRect());
+}
+
+void SelectableTextEditor::pressKey(QKeyEvent& event)
 {
     // Qt's visual movement counts what an input method is composing as text of the document, and goes beyond
     // its end.
     const bool isComposing = !textCursor().block().layout()->preeditAreaText().isEmpty();
     document()->setDefaultCursorMoveStyle(isComposing ? Qt::LogicalMoveStyle : Qt::VisualMoveStyle);
-    if (movePage(*event))
+    if (movePage(event) || (!isComposing && moveLine(event)))
         return;
-    stepOverPieceBreak(*event);
-    if (event->matches(QKeySequence::InsertParagraphSeparator)
-        || event->matches(QKeySequence::InsertLineSeparator)) {
+    stepOverPieceBreak(event);
+    if (event.matches(QKeySequence::InsertParagraphSeparator)
+        || event.matches(QKeySequence::InsertLineSeparator)) {
         // Qt's own line break is two undo steps on an empty line, and a line separator with Shift.
         QTextCursor cursor = textCursor();
         cursor.insertBlock();
         setTextCursor(cursor);
         return;
     }
-    if (event->key() == Qt::Key_Backspace && (event->modifiers() & ~Qt::ShiftModifier) == 0 && !isComposing
+    if (event.key() == Qt::Key_Backspace && (event.modifiers() & ~Qt::ShiftModifier) == 0 && !isComposing
         && deletePicture())
         return;
     const int before = textCursor().position();
     const int anchor = textCursor().anchor();
-    QTextEdit::keyPressEvent(event);
+    QTextEdit::keyPressEvent(&event);
     const bool hasStayed = textCursor().position() == before && textCursor().anchor() == anchor;
-    const bool isStep = !isComposing && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)
-        && (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::ControlModifier)) == 0;
+    const bool isStep = !isComposing && (event.key() == Qt::Key_Left || event.key() == Qt::Key_Right)
+        && (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::ControlModifier)) == 0;
     if (isStep && hasStayed)
-        stepToOtherLine(*event);
+        stepToOtherLine(event);
     else if (isStep)
-        stepOutOfCharacter(*event);
-    else if (!isComposing && hasStayed)
-        stepToOtherParagraph(*event);
+        stepOutOfCharacter(event);
 }
 
 /// Backspace takes a letter's marks one by one, but half a flag is another flag, or none. False where no
@@ -268,7 +282,14 @@ void SelectableTextEditor::stepToOtherLine(QKeyEvent& event)
 {
     QTextCursor cursor = textCursor();
     const QTextBlock here = cursor.block();
-    const bool isForward = (event.key() == Qt::Key_Right) == (m_direction == TextDirection::leftToRight);
+    const bool isForward = (event.key() == Qt::Key_Right) == (arrowDirection() == TextDirection::leftToRight);
+    if (here.length() > 1 && (isForward ? cursor.atBlockStart() : cursor.atBlockEnd())) {
+        // A blank that hangs over a line's edge stops Qt's visual movement as well.
+        cursor.movePosition(isForward ? QTextCursor::NextCharacter : QTextCursor::PreviousCharacter,
+                            moveMode(event));
+        setTextCursor(cursor);
+        return;
+    }
     const QTextBlock there = isForward ? here.next() : here.previous();
     if (!there.isValid()) {
         if (moveMode(event) == QTextCursor::MoveAnchor)
@@ -282,27 +303,52 @@ void SelectableTextEditor::stepToOtherLine(QKeyEvent& event)
         QTextEdit::keyPressEvent(&event);
 }
 
-/// Up in the first line, Down in the last one.
-void SelectableTextEditor::stepToOtherParagraph(const QKeyEvent& event)
+TextDirection SelectableTextEditor::arrowDirection() const
 {
-    if ((event.modifiers() & ~Qt::KeypadModifier) != 0)
-        return;
-    if (event.key() == Qt::Key_Up)
-        Q_EMIT caretLeaves({cursorRect().x(), -1});
-    else if (event.key() == Qt::Key_Down)
-        Q_EMIT caretLeaves({cursorRect().x(), height()});
+    return document()->isEmpty() ? m_enteredFrom : m_direction;
+}
+
+/// To the line above or below, or out of the paragraph. Qt's own movement leaves lines out where the text
+/// runs from right to left.
+bool SelectableTextEditor::moveLine(const QKeyEvent& event)
+{
+    const bool isUp = event.key() == Qt::Key_Up;
+    if ((!isUp && event.key() != Qt::Key_Down)
+        || (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != 0)
+        return false;
+    const int x = m_column.value_or(cursorRect().x());
+    const QTextCursor cursor = textCursor();
+    QTextBlock block = cursor.block();
+    int line = block.layout()->lineForTextPosition(cursor.positionInBlock()).lineNumber() + (isUp ? -1 : 1);
+    if (line < 0 || line >= block.layout()->lineCount()) {
+        block = isUp ? block.previous() : block.next();
+        line = isUp ? -1 : 0;
+    }
+    if (!block.isValid()) {
+        if (moveMode(event) == QTextCursor::MoveAnchor)
+            Q_EMIT caretLeaves({x, isUp ? -1 : height()});
+        else
+            moveCursor(isUp ? QTextCursor::Start : QTextCursor::End, QTextCursor::KeepAnchor);
+        return true;
+    }
+    const double top = m_layout->blockBoundingRect(block).top(); // lays it out
+    const QTextLine target = block.layout()->lineAt(line < 0 ? block.layout()->lineCount() - 1 : line);
+    moveTo({x, qFloor(top + target.y() + target.height() / 2)}, moveMode(event));
+    return true;
 }
 
 /// Qt would scroll the view on, were it not as high as its text.
 void SelectableTextEditor::mouseMoveEvent(QMouseEvent* event)
 {
+    if (!hasFocus())
+        return; // a key has taken the caret elsewhere
     QTextEdit::mouseMoveEvent(event);
     constexpr int interval = 50; // milliseconds
     m_dragPlace = event->globalPosition();
     const QRect seen = viewport()->visibleRegion().boundingRect();
     const int y = viewport()->mapFromGlobal(m_dragPlace).toPoint().y(); // the view may have moved
     const bool isBeyond = y < seen.top() || y > seen.bottom();
-    if (!isBeyond || !isVisible() || !event->buttons().testFlag(Qt::LeftButton))
+    if (!isBeyond || !event->buttons().testFlag(Qt::LeftButton))
         m_dragTimer.stop();
     else if (!m_dragTimer.isActive())
         m_dragTimer.start(interval, this);
@@ -317,14 +363,19 @@ void SelectableTextEditor::mouseReleaseEvent(QMouseEvent* event)
 /// The pointer stays where it is, and another line has come below it.
 void SelectableTextEditor::timerEvent(QTimerEvent* event)
 {
-    if (event->timerId() != m_dragTimer.timerId()) {
+    const QPointF place = viewport()->mapFromGlobal(m_dragPlace);
+    const Qt::MouseButtons buttons = QGuiApplication::mouseButtons();
+    if (!buttons.testFlag(Qt::LeftButton) || !hasFocus()) {
+        // A menu has had the release, or the view was hidden meanwhile and will not hear of it.
+        QMouseEvent release(QEvent::MouseButtonRelease, place, m_dragPlace, Qt::LeftButton, buttons, {});
+        mouseReleaseEvent(&release);
+    } else if (event->timerId() == m_dragTimer.timerId()) {
+        QMouseEvent again(QEvent::MouseMove, place, m_dragPlace, Qt::NoButton, buttons,
+                          QGuiApplication::keyboardModifiers());
+        mouseMoveEvent(&again);
+    } else {
         QTextEdit::timerEvent(event);
-        return;
     }
-    // A view that was hidden meanwhile hears of no release.
-    QMouseEvent again(QEvent::MouseMove, viewport()->mapFromGlobal(m_dragPlace), m_dragPlace, Qt::NoButton,
-                      QGuiApplication::mouseButtons(), QGuiApplication::keyboardModifiers());
-    mouseMoveEvent(&again);
 }
 
 /// A long text is laid out where it is looked at. What that moves is announced after painting.
@@ -417,9 +468,7 @@ bool SelectableTextEditor::movePage(const QKeyEvent& event)
     const int page = (area != nullptr ? area->viewport() : viewport())->height() - cursorRect().height();
     QPoint target = cursorRect().center();
     target.ry() += event.key() == Qt::Key_PageDown ? page : -page;
-    QTextCursor cursor = textCursor();
-    cursor.setPosition(cursorForPosition(target).position(), moveMode(event));
-    setTextCursor(cursor);
+    moveTo(target, moveMode(event));
     if (!rect().contains(rect().center().x(), target.y()) && moveMode(event) == QTextCursor::MoveAnchor)
         Q_EMIT caretLeaves(target);
     return true;

@@ -6,6 +6,7 @@
 #include <QBasicTimer>
 #include <QPointF>
 #include <QTextEdit>
+#include <optional>
 
 namespace zelta {
 
@@ -34,10 +35,11 @@ public:
     /// Where the lines begin and how high they are, as far as they are laid out.
     [[nodiscard]] QRect linesRect() const;
 
-    /// Puts the caret before the first character or behind the last one.
-    void putCaretAtEnd(bool last);
+    /// Puts the caret before the first character or behind the last one. Arrows go on through an empty text
+    /// in the direction in which they came.
+    void putCaretAtEnd(bool last, TextDirection from);
 
-    /// Puts the caret where this place is, or into the nearest line above or below the text.
+    /// Puts the caret where this place is, or into the nearest line above or below it.
     void putCaret(const QPoint& place);
 
 Q_SIGNALS:
@@ -76,13 +78,18 @@ private:
     bool deletePicture();
     void stepOutOfCharacter(const QKeyEvent& event);
     void stepToOtherLine(QKeyEvent& event);
-    void stepToOtherParagraph(const QKeyEvent& event);
+    void pressKey(QKeyEvent& event);
+    void moveTo(const QPoint& place, QTextCursor::MoveMode mode);
+    [[nodiscard]] TextDirection arrowDirection() const;
+    bool moveLine(const QKeyEvent& event);
     bool movePage(const QKeyEvent& event);
 
     ExactText m_text;
     ParagraphLayout* m_layout;
     TextDirection m_direction = TextDirection::leftToRight;
+    TextDirection m_enteredFrom = TextDirection::leftToRight;
     bool m_isSetting = false;
+    std::optional<int> m_column; // x to which Up and Down lead, until the caret moves otherwise
     QBasicTimer m_dragTimer; // while a selection is dragged beyond what is in sight
     QPointF m_dragPlace; // on the screen
 };

@@ -5,6 +5,8 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <optional>
 
 namespace zelta {
@@ -95,6 +97,115 @@ TEST_F(NotesCaret, LeftAndRightGoOnPastTheEnds)
     EXPECT_EQ(paragraph(), 0U);
 }
 
+TEST_F(NotesCaret, UpAndDownLeaveNoLineOut)
+{
+    for (const char* words : {"שלום עולם ודי אב ספר ", "مرحبا بالعالم كتاب ", "hello world and a book "}) {
+        std::string text;
+        for (int i = 0; i < 14; ++i)
+            text += words;
+        add({"", text, "", "last"});
+    }
+    open();
+    for (const int width : {800, 837, 911}) {
+        page->resize(width, 620);
+        for (const NoteStamp& note : page->notes()) {
+            page->open(note.id);
+            put(0, 0);
+            key(Qt::Key_Down);
+            ASSERT_EQ(paragraph(), 1U);
+            const auto lines = editor()->document()->firstBlock().layout();
+            for (int line = 0; line < lines->lineCount(); ++line) {
+                ASSERT_EQ(paragraph(), 1U) << line;
+                EXPECT_EQ(lines->lineForTextPosition(caret()).lineNumber(), line) << width;
+                key(Qt::Key_Down);
+            }
+            EXPECT_EQ(paragraph(), 2U);
+            for (int line = lines->lineCount() - 1; line >= 0; --line) {
+                key(Qt::Key_Up);
+                ASSERT_EQ(paragraph(), 1U) << line;
+                EXPECT_EQ(lines->lineForTextPosition(caret()).lineNumber(), line) << width;
+            }
+        }
+    }
+}
+
+TEST_F(NotesCaret, UpAndDownKeepTheColumn)
+{
+    add({"one two three four", "x", "one\n\ntwo three four"});
+    open();
+    put(0, 14);
+    const int x = caretX();
+    key(Qt::Key_Down);
+    EXPECT_EQ(caret(), 1);
+    for (int i = 0; i < 3; ++i)
+        key(Qt::Key_Down);
+    EXPECT_EQ(paragraph(), 2U);
+    EXPECT_NEAR(caretX(), x, 5);
+    for (const Qt::Key next : {Qt::Key_Up, Qt::Key_Right, Qt::Key_Up, Qt::Key_Up})
+        key(next);
+    EXPECT_EQ(caret(), 0) << "another key has moved the caret meanwhile";
+}
+
+TEST_F(NotesCaret, ArrowsPassAnEmptyParagraph)
+{
+    add({"שלום", "", "עולם", "", "last"});
+    open();
+    put(0, 4);
+    for (const std::size_t next : {1U, 2U}) {
+        key(Qt::Key_Left);
+        EXPECT_EQ(paragraph(), next);
+    }
+    for (const std::size_t next : {1U, 0U}) {
+        key(Qt::Key_Right);
+        EXPECT_EQ(paragraph(), next);
+    }
+    put(4, 0);
+    for (const std::size_t next : {3U, 2U}) {
+        key(Qt::Key_Left);
+        EXPECT_EQ(paragraph(), next);
+    }
+}
+
+TEST_F(NotesCaret, ABlankThatHangsOverStopsNoArrow)
+{
+    std::string text;
+    for (int i = 0; i < 12; ++i)
+        text += "שלום עולם ודי אב ספר ";
+    add({"first", text, "last"});
+    open();
+    for (int width = 760; width < 900; width += 2) {
+        page->resize(width, 620);
+        column()->focusParagraph(1);
+        key(Qt::Key_End, Qt::ControlModifier);
+        const int end = caret();
+        key(Qt::Key_Right);
+        ASSERT_EQ(paragraph(), 1U) << width;
+        EXPECT_EQ(caret(), end - 1) << width;
+    }
+}
+
+TEST_F(NotesCaret, AKeyThatCannotMoveTheCaretShowsIt)
+{
+    std::string text;
+    for (int i = 0; i < 150; ++i)
+        text += "line\n";
+    add({text});
+    open();
+    QScrollBar* bar = column()->verticalScrollBar();
+    for (const auto& [pressed, modifiers] :
+         {std::pair<Qt::Key, Qt::KeyboardModifiers>(Qt::Key_Home, Qt::NoModifier),
+          {Qt::Key_Home, Qt::ControlModifier},
+          {Qt::Key_Up, Qt::NoModifier},
+          {Qt::Key_PageUp, Qt::NoModifier},
+          {Qt::Key_Left, Qt::NoModifier}}) {
+        put(0, 0);
+        bar->setValue(bar->maximum() / 2);
+        ASSERT_FALSE(isInSight());
+        key(pressed, modifiers);
+        EXPECT_TRUE(isInSight()) << pressed;
+    }
+}
+
 TEST_F(NotesCaret, ASelectionEndsWithItsParagraph)
 {
     add({"one", "two"});
@@ -164,6 +275,29 @@ TEST_F(NotesCaret, ADragBeyondTheEdgeScrollsOn)
     page->hide(); // as another page takes its place
     EXPECT_TRUE(QTest::qWaitFor(isOver));
     QTest::mouseRelease(window, Qt::LeftButton, {}, below);
+}
+
+TEST_F(NotesCaret, ADragEndsThoughAMenuHasTheRelease)
+{
+    add({"one", "two"});
+    open();
+    QWindow* window = page->windowHandle();
+    const auto inColumn = [this](QPoint place) { return column()->mapTo(page.get(), place); };
+    put(0, 0);
+    QTest::mousePress(window, Qt::LeftButton, {}, inColumn({30, 20}));
+    QTest::mouseMove(window, inColumn({60, 300}));
+    SelectableTextEditor* dragged = editor();
+    const auto isOver
+        = [dragged] { return QAbstractEventDispatcher::instance()->registeredTimers(dragged).isEmpty(); };
+    EXPECT_FALSE(isOver());
+    QWidget menu(nullptr, Qt::Popup);
+    menu.show();
+    QTest::mouseRelease(menu.windowHandle(), Qt::LeftButton, {}, {5, 5});
+    menu.hide();
+    EXPECT_TRUE(QTest::qWaitFor(isOver));
+    const QTextCursor before = dragged->textCursor();
+    QTest::mouseMove(window, inColumn({40, 250}));
+    EXPECT_EQ(dragged->textCursor().position(), before.position()) << "no button is held";
 }
 
 } // namespace
