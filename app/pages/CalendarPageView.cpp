@@ -73,6 +73,7 @@ CalendarPageView::CalendarPageView(AppModel& model, QWidget* parent)
 
     new KeyMonitor(this, [this](const QKeyEvent& event) { return actionForKey(event); });
     connect(&model, &AppModel::weekendRuleChanged, this, &CalendarPageView::refresh);
+    fitTiles(); // or the page would be laid out for other ones first
     goToToday();
 }
 

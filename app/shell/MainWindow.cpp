@@ -20,6 +20,7 @@
 #include "app/shell/Sidebar.h"
 #include "app/shell/SidebarRow.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QPainter>
@@ -96,6 +97,19 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
         m_model.setSelection(allCases<Module>()[place]);
     else
         QMainWindow::keyPressEvent(event);
+}
+
+/// A layout that changes asks the one around it by an event. A picture that comes between two of them would
+/// show what stands in its old place, or lies over its neighbours.
+bool MainWindow::event(QEvent* event)
+{
+    const auto settle = [] { QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); };
+    if (event->type() == QEvent::UpdateRequest)
+        settle();
+    const bool isHandled = QMainWindow::event(event);
+    if (event->type() == QEvent::Resize)
+        settle(); // the picture follows without asking
+    return isHandled;
 }
 
 void MainWindow::paintEvent(QPaintEvent* event)

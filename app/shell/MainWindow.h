@@ -22,6 +22,7 @@ public:
     explicit MainWindow(AppModel& model);
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
