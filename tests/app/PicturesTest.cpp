@@ -2,6 +2,7 @@
 #include "tests/app/support/WindowTest.h"
 
 #include <QAbstractButton>
+#include <QPointer>
 #include <map>
 #include <string>
 #include <utility>
@@ -26,8 +27,11 @@ public:
     [[nodiscard]] std::string moved() const
     {
         std::string names;
-        for (const auto& [widget, place] : m_painted) {
-            if (!widget->isVisible() || placeOf(*widget) != place)
+        for (const auto& [address, seen] : m_painted) {
+            const auto& [widget, place] = seen;
+            if (!widget)
+                names += "one that is gone ";
+            else if (!widget->isVisible() || placeOf(*widget) != place)
                 names += std::string(widget->metaObject()->className()) + " ";
         }
         return names;
@@ -39,7 +43,7 @@ public:
             auto* widget = static_cast<QWidget*>(watched);
             m_paintCount += 1;
             if (m_window.isAncestorOf(widget) && !isBar(*widget))
-                m_painted.try_emplace(widget, placeOf(*widget)); // the first picture that shows it
+                m_painted.try_emplace(widget, widget, placeOf(*widget)); // the first picture that shows it
         }
         return false;
     }
@@ -59,7 +63,7 @@ private:
     }
 
     QWidget& m_window;
-    std::map<QWidget*, std::pair<int, int>> m_painted; // top and height
+    std::map<const QWidget*, std::pair<QPointer<QWidget>, std::pair<int, int>>> m_painted; // top and height
     int m_paintCount = 0;
 };
 
