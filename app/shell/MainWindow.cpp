@@ -99,17 +99,23 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
         QMainWindow::keyPressEvent(event);
 }
 
-/// A layout that changes asks the one around it by an event. A picture that comes between two of them would
-/// show what stands in its old place, or lies over its neighbours.
 bool MainWindow::event(QEvent* event)
 {
-    const auto settle = [] { QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); };
     if (event->type() == QEvent::UpdateRequest)
         settle();
     const bool isHandled = QMainWindow::event(event);
     if (event->type() == QEvent::Resize)
         settle(); // the picture follows without asking
     return isHandled;
+}
+
+/// A layout that changes asks the one around it by an event. A picture that comes between two of them would
+/// show what stands in its old place, or lies over its neighbours.
+void MainWindow::settle()
+{
+    constexpr int depth = 8; // of layouts in one another; each round hears what the last one has asked
+    for (int i = 0; i < depth; ++i)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
 }
 
 void MainWindow::paintEvent(QPaintEvent* event)

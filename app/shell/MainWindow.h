@@ -30,6 +30,7 @@ private:
     QWidget* makeCentre();
     void makeMenus();
     void makeGoMenu(QMenu* menu);
+    static void settle();
     void showSelection();
     void showAbout();
     /// The page in its frame, built at its first use.

@@ -121,6 +121,15 @@ TEST_F(Pictures, ShowEachMonthAsItStays)
                         std::to_string(i));
 }
 
+TEST_F(Pictures, ShowASizeAsItStays)
+{
+    for (const Module module : allCases<Module>()) {
+        test.model.setSelection(module);
+        for (const QSize size : {QSize(1120, 640), {940, 700}, {1120, 760}})
+            expectOneLayout([&] { window.resize(size); }, rawValue(module));
+    }
+}
+
 TEST_F(Pictures, ShowATabAsItStays)
 {
     test.model.setSelection(Module::percent);
