@@ -53,12 +53,13 @@ QSize SearchField::minimumSizeHint() const
 
 void SearchField::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape && !text().isEmpty())
+    const int key = event->key();
+    if (key == Qt::Key_Escape && !text().isEmpty())
         clear();
+    else if (key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter)
+        Q_EMIT resultsWanted();
     else
         QLineEdit::keyPressEvent(event);
-    if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        Q_EMIT resultsWanted();
 }
 
 void SearchField::paintEvent(QPaintEvent* event)

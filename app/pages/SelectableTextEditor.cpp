@@ -143,13 +143,7 @@ void SelectableTextEditor::putCaretAtEnd(bool last, TextDirection from)
     moveCursor(last ? QTextCursor::End : QTextCursor::Start);
 }
 
-void SelectableTextEditor::putCaret(const QPoint& place)
-{
-    moveTo(place, QTextCursor::MoveAnchor);
-}
-
-/// Up and Down lead to the same x again, though a line in between may be shorter.
-void SelectableTextEditor::moveTo(const QPoint& place, QTextCursor::MoveMode mode)
+void SelectableTextEditor::putCaret(const QPoint& place, QTextCursor::MoveMode mode)
 {
     QTextCursor cursor = textCursor();
     cursor.setPosition(m_layout->hitTest(place, Qt::FuzzyHit), mode);
@@ -333,7 +327,7 @@ bool SelectableTextEditor::moveLine(const QKeyEvent& event)
     }
     const double top = m_layout->blockBoundingRect(block).top(); // lays it out
     const QTextLine target = block.layout()->lineAt(line < 0 ? block.layout()->lineCount() - 1 : line);
-    moveTo({x, qFloor(top + target.y() + target.height() / 2)}, moveMode(event));
+    putCaret({x, qFloor(top + target.y() + target.height() / 2)}, moveMode(event));
     return true;
 }
 
@@ -468,7 +462,7 @@ bool SelectableTextEditor::movePage(const QKeyEvent& event)
     const int page = (area != nullptr ? area->viewport() : viewport())->height() - cursorRect().height();
     QPoint target = cursorRect().center();
     target.ry() += event.key() == Qt::Key_PageDown ? page : -page;
-    moveTo(target, moveMode(event));
+    putCaret(target, moveMode(event));
     if (!rect().contains(rect().center().x(), target.y()) && moveMode(event) == QTextCursor::MoveAnchor)
         Q_EMIT caretLeaves(target);
     return true;

@@ -39,8 +39,9 @@ public:
     /// in the direction in which they came.
     void putCaretAtEnd(bool last, TextDirection from);
 
-    /// Puts the caret where this place is, or into the nearest line above or below it.
-    void putCaret(const QPoint& place);
+    /// Puts the caret where this place is, or into the nearest line above or below it. Up and Down lead to
+    /// the same x again, though a line in between may be shorter.
+    void putCaret(const QPoint& place, QTextCursor::MoveMode mode = QTextCursor::MoveAnchor);
 
 Q_SIGNALS:
     /// A person has changed the text.
@@ -79,7 +80,6 @@ private:
     void stepOutOfCharacter(const QKeyEvent& event);
     void stepToOtherLine(QKeyEvent& event);
     void pressKey(QKeyEvent& event);
-    void moveTo(const QPoint& place, QTextCursor::MoveMode mode);
     [[nodiscard]] TextDirection arrowDirection() const;
     bool moveLine(const QKeyEvent& event);
     bool movePage(const QKeyEvent& event);
