@@ -35,6 +35,8 @@ DayTile::DayTile(Look look, QWidget* parent)
 
 void DayTile::setCell(const DayCell& cell, const Calendar& calendar)
 {
+    if (cell == m_cell)
+        return;
     m_cell = cell;
     m_longDate = toQt(CalendarKit::longDate(cell.date, calendar));
     m_fullDate = toQt(CalendarKit::fullDate(cell.date, calendar));
@@ -49,8 +51,9 @@ void DayTile::setCell(const DayCell& cell, const Calendar& calendar)
 
 void DayTile::setSelected(bool selected)
 {
+    if (selected == m_selected)
+        return;
     m_selected = selected;
-    setFocusPolicy(selected ? Qt::TabFocus : Qt::NoFocus);
     describe();
     update();
 }

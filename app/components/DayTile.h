@@ -7,8 +7,7 @@
 namespace zelta {
 
 /// One day of a month: a click selects it. Its tool tip and accessible name say the whole date; on the page
-/// also whether that is a weekend, and a context menu copies it. A selected day takes the focus by Tab, the
-/// others only when they are given it.
+/// also whether that is a weekend, and a context menu copies it. Takes the focus by Tab when it is told to.
 class DayTile : public QAbstractButton
 {
     Q_OBJECT

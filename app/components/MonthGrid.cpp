@@ -83,6 +83,8 @@ void MonthGrid::showMonth(const std::vector<WeekRow>& rows, const std::string& s
                           const Calendar& calendar)
 {
     const bool hadFocus = m_stop && m_stop->hasFocus();
+    if (m_stop)
+        m_stop->setFocusPolicy(Qt::NoFocus);
     m_stop = nullptr;
     for (std::size_t row = 0; row < m_tiles.size(); ++row)
         showRow(row, row < rows.size() ? rows[row] : WeekRow {}, selectedKey, calendar);

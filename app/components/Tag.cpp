@@ -18,6 +18,8 @@ Tag::Tag(const Shape& shape, QWidget* parent)
 void Tag::setColors(Theme::Token ink, Theme::Token fill, double opacity)
 {
     setToken(ink);
+    if (fill == m_fill && opacity == m_opacity)
+        return;
     m_fill = fill;
     m_opacity = opacity;
     update();

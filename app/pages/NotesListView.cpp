@@ -84,6 +84,14 @@ protected:
         return to.isValid() && !to.flags().testFlag(Qt::ItemIsEnabled) ? to.siblingAtRow(to.row() + 1) : to;
     }
 
+    // Rows look the same whichever window is in front.
+    bool viewportEvent(QEvent* event) override
+    {
+        const bool isAboutTheWindow
+            = event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate;
+        return isAboutTheWindow || QListView::viewportEvent(event);
+    }
+
     void updateGeometries() override
     {
         const int bar = verticalScrollBar()->isVisible() ? verticalScrollBar()->width() : 0;
@@ -120,7 +128,6 @@ NotesListView::NotesListView(NoteListModel::Reader readNote, QWidget* parent)
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_list->setResizeMode(QListView::Adjust);
     m_list->setMouseTracking(true);
     m_list->viewport()->setAutoFillBackground(false);
     m_list->verticalScrollBar()->setSingleStep(20);

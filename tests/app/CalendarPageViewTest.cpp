@@ -234,6 +234,12 @@ TEST(CalendarPage, TheMonthIsOneTabStopThatCtrlArrowsMove)
     stage.key(Qt::Key_Down);
     EXPECT_EQ(stage.selected(), QStringLiteral("2026-03-01"));
     EXPECT_EQ(QApplication::focusWidget(), stage.tile("2026-03-01"));
+
+    for (int month = 0; month < 14; ++month) {
+        stage.press("Next month");
+        const auto tiles = stage.page->findChildren<DayTile*>();
+        EXPECT_EQ(std::ranges::count(tiles, Qt::TabFocus, &DayTile::focusPolicy), 1) << month;
+    }
 }
 
 TEST(CalendarPage, AClickOnADayBringsTheFocusThere)

@@ -28,11 +28,22 @@ public:
     {
         std::string names;
         for (const auto& [address, seen] : m_painted) {
-            const auto& [widget, place] = seen;
-            if (!widget)
+            if (!seen.widget)
                 names += "one that is gone ";
-            else if (!widget->isVisible() || placeOf(*widget) != place)
-                names += std::string(widget->metaObject()->className()) + " ";
+            else if (!seen.widget->isVisible() || placeOf(*seen.widget) != seen.place)
+                names += std::string(seen.widget->metaObject()->className()) + " ";
+        }
+        return names;
+    }
+
+    /// Widgets that were painted more than once.
+    [[nodiscard]] std::string repainted() const
+    {
+        std::string names;
+        for (const auto& [address, seen] : m_painted) {
+            if (seen.count > 1)
+                names += seen.widget ? std::string(seen.widget->metaObject()->className()) + " "
+                                     : "one that is gone ";
         }
         return names;
     }
@@ -42,13 +53,22 @@ public:
         if (event->type() == QEvent::Paint && watched->isWidgetType()) {
             auto* widget = static_cast<QWidget*>(watched);
             m_paintCount += 1;
-            if (m_window.isAncestorOf(widget) && !isBar(*widget))
-                m_painted.try_emplace(widget, widget, placeOf(*widget)); // the first picture that shows it
+            if (m_window.isAncestorOf(widget) && !isBar(*widget)) {
+                const auto first = m_painted.try_emplace(widget, Seen {widget, placeOf(*widget)}).first;
+                first->second.count += 1;
+            }
         }
         return false;
     }
 
 private:
+    struct Seen
+    {
+        QPointer<QWidget> widget;
+        std::pair<int, int> place; ///< Top and height in the first picture that shows it.
+        int count = 0;
+    };
+
     /// A scroll bar comes and goes, with its box, by an event of Qt's own.
     static bool isBar(const QWidget& widget)
     {
@@ -63,7 +83,7 @@ private:
     }
 
     QWidget& m_window;
-    std::map<const QWidget*, std::pair<QPointer<QWidget>, std::pair<int, int>>> m_painted; // top and height
+    std::map<const QWidget*, Seen> m_painted;
     int m_paintCount = 0;
 };
 
@@ -127,6 +147,33 @@ TEST_F(Pictures, ShowASizeAsItStays)
         test.model.setSelection(module);
         for (const QSize size : {QSize(1120, 640), {940, 700}, {1120, 760}})
             expectOneLayout([&] { window.resize(size); }, rawValue(module));
+    }
+}
+
+TEST_F(Pictures, DoNotChangeWhenTheWindowComesToTheFront)
+{
+    test.model.setSelection(Module::calendar);
+    settle();
+    const int before = places.paintCount();
+    QEvent activated(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&window, &activated);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(places.paintCount(), before);
+}
+
+TEST_F(Pictures, PaintASizeOnce)
+{
+    for (int i = 0; i < 30; ++i) {
+        const Instant then = test.clock.now() - std::chrono::hours(i);
+        ASSERT_TRUE(test.model.store().createNote(Note(0, {{.text = "A note"}}, then, then)));
+        ASSERT_TRUE(test.model.store().addHistory({0, then, "percent", "1% of 1", "0.01", "1% of 1 = 0.01"}));
+    }
+    for (const Module module : allCases<Module>()) {
+        test.model.setSelection(module);
+        settle();
+        window.resize(window.width(), window.height() - 10);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(places.repainted(), "") << rawValue(module);
     }
 }
 
