@@ -1,5 +1,6 @@
 #include "app/components/ModuleGlyph.h"
 
+#include "app/look/Surface.h"
 #include "app/look/Symbols.h"
 #include "app/look/Theme.h"
 
@@ -25,13 +26,7 @@ void ModuleGlyph::draw(QPainter& painter, const QRectF& rect, std::string_view s
     QLinearGradient gradient(rect.topLeft(), rect.bottomRight());
     gradient.setColorAt(0, tint);
     gradient.setColorAt(1, end);
-    const double radius = rect.width() * Metric::badgeRadius;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(gradient);
-    painter.drawRoundedRect(rect, radius, radius);
-    painter.restore();
+    Surface::draw(painter, rect, rect.width() * Metric::badgeRadius, gradient);
     Symbols::draw(painter, rect, symbol, qRound(rect.width() * symbolShare), Qt::white,
                   Symbols::Stroke::bold);
 }

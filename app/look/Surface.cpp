@@ -5,21 +5,65 @@
 #include <QAbstractButton>
 #include <QPainter>
 #include <QWidget>
+#include <algorithm>
+#include <cmath>
 
 namespace zelta::Surface {
 
-void draw(QPainter& painter, const QRectF& rect, double radius, const QColor& fill, const QColor& outline)
+namespace {
+
+bool isOpaque(const QPainter& painter)
+{
+    const QBrush& brush = painter.brush();
+    const QPen& pen = painter.pen();
+    return painter.opacity() == 1 && (brush.style() == Qt::NoBrush || brush.isOpaque())
+        && (pen.style() == Qt::NoPen || pen.color().alpha() == 255);
+}
+
+/// Draws with the painter's pen and brush. Qt hands a translucent shape of some size to other threads and
+/// waits for them, several times as long as drawing it takes: in bands it stays below that size.
+void drawRounded(QPainter& painter, const QRectF& rect, double radius)
+{
+    if (isOpaque(painter)) {
+        painter.drawRoundedRect(rect, radius, radius);
+        return;
+    }
+    const QRectF area = rect.adjusted(-1, -1, 1, 1); // with half of the pen
+    const double corner = std::ceil(radius) + 1;
+    const double line = 1 / painter.device()->devicePixelRatioF();
+    const auto drawPart = [&](double from, double to, int linesAtOnce, bool isPlain) {
+        for (double top = from, bottom = 0; top < to; top = bottom) {
+            bottom = std::min(top + linesAtOnce * line, to);
+            painter.save();
+            painter.setClipRect(QRectF(area.left(), top, area.width(), bottom - top), Qt::IntersectClip);
+            if (isPlain)
+                painter.fillRect(rect, painter.brush());
+            else
+                painter.drawRoundedRect(rect, radius, radius);
+            painter.restore();
+        }
+    };
+    const double sides = std::min(area.top() + corner, area.bottom());
+    const double end = std::max(area.bottom() - corner, sides);
+    drawPart(area.top(), sides, 12, false);
+    drawPart(sides, end, 30, painter.pen().style() == Qt::NoPen);
+    drawPart(end, area.bottom(), 12, false);
+}
+
+} // namespace
+
+void draw(QPainter& painter, const QRectF& rect, double radius, const QBrush& fill, const QColor& outline)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(fill);
     if (outline.alpha() == 0) {
         painter.setPen(Qt::NoPen);
-        painter.drawRoundedRect(rect, radius, radius);
+        drawRounded(painter, rect, radius);
     } else {
         // The middle of the line lies half a pixel inside the edge.
         painter.setPen(QPen(outline, 1));
-        painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+        drawRounded(painter, rect.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5);
     }
     painter.restore();
 }
@@ -31,7 +75,7 @@ void drawOutline(QPainter& painter, const QRectF& rect, double radius, const QCo
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(color, width));
-    painter.drawRoundedRect(rect.adjusted(half, half, -half, -half), radius - half, radius - half);
+    drawRounded(painter, rect.adjusted(half, half, -half, -half), radius - half);
     painter.restore();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBrush>
 #include <QColor>
 #include <QRectF>
 
@@ -13,7 +14,7 @@ namespace zelta {
 namespace Surface {
 
 /// A rounded area with a 1 px line just inside `rect`; a transparent `outline` leaves the line out.
-void draw(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
+void draw(QPainter& painter, const QRectF& rect, double radius, const QBrush& fill,
           const QColor& outline = Qt::transparent);
 
 /// The line alone.
