@@ -1,11 +1,12 @@
 #include "app/pages/NoteListDelegate.h"
 
 #include "app/look/Surface.h"
+#include "app/look/TextLine.h"
 #include "app/look/Theme.h"
 #include "app/pages/NoteListModel.h"
 
-#include <QFontMetrics>
 #include <QPainter>
+#include <QTextLayout>
 #include <algorithm>
 
 namespace zelta {
@@ -32,30 +33,62 @@ QColor blended(QColor color, qreal opacity)
     return color;
 }
 
-/// A title may be a whole paragraph: at first only as much of it is measured as usual letters need to fill
-/// the line.
-QString elided(const QString& text, const QFontMetrics& metrics, int width)
+/// One line, as much of it as there is room for. Shaping is what is slow about text: it is done once, and of
+/// a text that may be a whole paragraph only for what usual letters need to fill the line.
+class FittedLine
 {
-    const int narrow = std::max(1, metrics.averageCharWidth() * 2 / 3);
-    const QString start = text.left(width / narrow);
-    QString shown = metrics.elidedText(start, Qt::ElideRight, width);
-    const bool isCut = shown != start || start.size() == text.size();
-    return isCut ? shown : metrics.elidedText(text, Qt::ElideRight, width);
-}
+public:
+    FittedLine(const QString& text, const QFont& font, Qt::LayoutDirection direction, int width)
+    {
+        QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+        option.setTextDirection(direction);
+        option.setWrapMode(QTextOption::WrapAnywhere);
+        m_layout.setFont(font);
+        m_layout.setTextOption(option);
+        const int narrow = std::max(1, font.pixelSize() / 3);
+        if (!fit(text.left(width / narrow), width, text.size()))
+            fit(text, width, text.size());
+    }
 
-void drawLine(QPainter& painter, const QRect& area, const QString& text, Theme::FontRole role,
-              Theme::Token token, Qt::LayoutDirection direction, Qt::Alignment alignment)
+    void draw(QPainter& painter, const QRect& area, Qt::Alignment side) const
+    {
+        const QTextLine line = m_layout.lineAt(0);
+        const double text = line.horizontalAdvance();
+        const double mark = m_ellipsis.advance();
+        const double left = side & Qt::AlignRight ? area.right() + 1 - text - mark : area.left();
+        const bool isMarkFirst = m_layout.textOption().textDirection() == Qt::RightToLeft;
+        const double top = area.top() + (area.height() - line.height()) / 2;
+        line.draw(&painter, QPointF(isMarkFirst ? left + mark : left, top));
+        m_ellipsis.draw(painter, isMarkFirst ? left : left + text, top + line.ascent());
+    }
+
+private:
+    /// False where all of `start` fits, and more of the text may.
+    bool fit(const QString& start, int width, qsizetype whole)
+    {
+        m_layout.setText(start);
+        m_layout.beginLayout();
+        QTextLine line = m_layout.createLine();
+        line.setLineWidth(width);
+        const bool isCut = line.textLength() < whole;
+        if (isCut) {
+            m_ellipsis.set(QStringLiteral("…"), m_layout.font());
+            line.setLineWidth(width - m_ellipsis.advance());
+        }
+        m_layout.endLayout();
+        return !isCut || line.textLength() < start.size();
+    }
+
+    QTextLayout m_layout;
+    TextLine m_ellipsis;
+};
+
+void drawLine(QPainter& painter, const QRect& area, QString text, Theme::FontRole role, Theme::Token token,
+              Qt::LayoutDirection direction, Qt::Alignment side)
 {
-    QString shown = text;
-    shown.remove(QChar(0x9c)); // behind this one Qt expects a shorter text to show instead
-    painter.setFont(Theme::font(role));
+    text.replace(QChar::Tabulation, QChar::Space);
     painter.setPen(Theme::color(token));
-    painter.setLayoutDirection(direction);
-    // Not clipped: the letters of many scripts are taller than a Latin line.
-    painter.drawText(area,
-                     static_cast<int>(alignment | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine
-                         | Qt::TextDontClip,
-                     elided(shown, painter.fontMetrics(), area.width()));
+    FittedLine(text, Theme::font(role), direction, area.width()).draw(painter, area, side);
 }
 
 } // namespace

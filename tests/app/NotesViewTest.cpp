@@ -405,62 +405,6 @@ TEST_F(NotesViewTest, ARowTellsTitlePreviewAndDate)
     EXPECT_TRUE(model.index(3).data(NoteListModel::isRightToLeftRole).toBool());
 }
 
-bool isBlank(const QImage& part)
-{
-    QImage plain(part.size(), part.format());
-    plain.fill(part.pixelColor(0, 0));
-    return part == plain;
-}
-
-TEST_F(NotesViewTest, ARowStandsOnTheSideWhereItsTitleBegins)
-{
-    add({"left"}, 1min);
-    add({"ימין"});
-    open();
-    QListView* list = page->list()->list();
-    const QImage shown = list->viewport()->grab().toImage();
-    for (const int row : {1, 2}) {
-        const QRect title(list->visualRect(list->model()->index(row, 0)).topLeft() + QPoint(12, 10),
-                          QSize(60, 16)); // inside of what marks the selection
-        EXPECT_EQ(isBlank(shown.copy(title)), row == 1) << row;
-    }
-}
-
-TEST_F(NotesViewTest, ARowShowsTallLettersWhole)
-{
-    add({"latin"}, 1min);
-    add({"e\u0302\u0301\u0303\u0304"});
-    open();
-    QListView* list = page->list()->list();
-    const QImage shown = list->viewport()->grab().toImage();
-    const auto hasInkAboveTheTitle = [&](int row) {
-        const QRect place = list->visualRect(list->model()->index(row, 0));
-        return !isBlank(shown.copy(QRect(place.left() + 12, place.top() + 4, place.width() - 24, 5)));
-    };
-    EXPECT_TRUE(hasInkAboveTheTitle(1)) << "marks above marks";
-    EXPECT_FALSE(hasInkAboveTheTitle(2));
-}
-
-TEST_F(NotesViewTest, APreviewIsReadInItsOwnDirection)
-{
-    add({"تقرير", "Done by 5 p.m. (really)!"});
-    open();
-    const QModelIndex row = page->list()->list()->model()->index(1, 0);
-    EXPECT_TRUE(row.data(NoteListModel::isRightToLeftRole).toBool());
-    EXPECT_FALSE(row.data(NoteListModel::isPreviewRightToLeftRole).toBool());
-}
-
-TEST_F(NotesViewTest, APreviewIsDrawnInItsOwnDirection)
-{
-    add({"تقرير", "m............"});
-    open();
-    QListView* list = page->list()->list();
-    const QImage shown = list->viewport()->grab().toImage();
-    const QRect place = list->visualRect(list->model()->index(1, 0));
-    const QRect end(place.right() - 30, place.top() + 30, 18, 9); // above the line that dots stand on
-    EXPECT_TRUE(isBlank(shown.copy(end))) << "the dots follow their letter";
-}
-
 TEST_F(NotesViewTest, TheListIsSortedAgainOnlyWhenItIsLoaded)
 {
     const std::int64_t older = add({"older"}, 1h);
