@@ -295,13 +295,13 @@ void ParagraphColumn::measureRows()
     m_content->resize(viewport()->width(), std::max(bottom, viewport()->height()));
 }
 
-/// True when an editor was made. One screen above and below is made ahead, and the neighbours of the row
-/// with the focus.
+/// True when an editor was made. A quarter of a screen above and below is made ahead, for a turn of the
+/// wheel, and the neighbours of the row with the focus.
 bool ParagraphColumn::makeEditorsInSight()
 {
-    const int ahead = viewport()->height();
+    const int ahead = viewport()->height() / 4;
     const int from = verticalScrollBar()->value() - ahead;
-    const int to = verticalScrollBar()->value() + 2 * ahead;
+    const int to = verticalScrollBar()->value() + viewport()->height() + ahead;
     const auto focused = focusedParagraph();
     bool hasMade = false;
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
