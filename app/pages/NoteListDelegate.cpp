@@ -45,7 +45,7 @@ public:
         option.setWrapMode(QTextOption::WrapAnywhere);
         m_layout.setFont(font);
         m_layout.setTextOption(option);
-        const int narrow = std::max(1, font.pixelSize() / 3);
+        const int narrow = std::max(1, font.pixelSize() * 2 / 5);
         if (!fit(text.left(width / narrow), width, text.size()))
             fit(text, width, text.size());
     }

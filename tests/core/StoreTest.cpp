@@ -222,8 +222,10 @@ TEST_F(StoreTest, StampsAreThoseOfTheNotesInTheirOrder)
         return stamps;
     };
     EXPECT_EQ(store.noteStamps("", 1), (std::vector<NoteStamp> {{.id = 3, .updatedAt = at(3s)}}));
+    for (int i = 0; i < 60; ++i)
+        store.createNote(note("one of many", at(std::chrono::seconds(i % 7 - 2))));
     for (const std::string_view search : {"", " PIE ", "o%o", "none of them"}) {
-        for (const std::int64_t limit : {-1, 0, 1, 2, 1000})
+        for (const std::int64_t limit : {-1, 0, 1, 2, 3, 9, 10, 11, 40, 63, 64, 65, 1000})
             EXPECT_EQ(store.noteStamps(search, limit), stampsOf(store.notes(search, limit))) << search;
     }
 }
