@@ -1,4 +1,5 @@
 #include "app/look/DesktopLook.h"
+#include "app/look/Symbols.h"
 #include "app/model/AppModel.h"
 #include "app/model/LaunchArguments.h"
 #include "app/model/SystemClock.h"
@@ -12,8 +13,10 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QEvent>
 #include <QSessionManager>
 #include <QStringList>
+#include <QWindow>
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -72,6 +75,34 @@ void showPainted(QWidget& window)
     window.repaint();
 }
 
+/// What the first picture does not wait for, once it is on the screen: the icon is drawn in several sizes,
+/// and what the start has needed for a moment goes back to the system.
+class AfterFirstPicture final : public QObject
+{
+public:
+    explicit AfterFirstPicture(QWidget& window)
+        : m_window(window)
+    {
+        window.windowHandle()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Expose) {
+            watched->removeEventFilter(this);
+            const auto finishStart = [this] {
+                m_window.setWindowIcon(Symbols::appIcon());
+                Memory::giveBack();
+            };
+            QMetaObject::invokeMethod(this, finishStart, Qt::QueuedConnection);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget& m_window;
+};
+
 /// How a desktop that restores its session starts the program again: Qt would add an option of its own, and
 /// leave ours out.
 QStringList restartCommand(const Store& store, bool isPlaceGiven)
@@ -115,6 +146,7 @@ int run(int argc, char** argv, const std::optional<std::string>& database)
         session.setRestartCommand(restartCommand(model.store(), database.has_value()));
     });
     showPainted(window);
+    const AfterFirstPicture rest(window);
     return QApplication::exec();
 }
 

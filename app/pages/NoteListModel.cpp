@@ -85,9 +85,9 @@ const NoteListModel::Shown& NoteListModel::shown(std::size_t place) const
         return found->second;
     // One that another copy of the program has deleted stays in the list until that is loaded again; one that
     // cannot be read at the moment is read again when it is shown again.
-    const std::optional<Note> read = m_read(id);
+    std::optional<Note> read = m_read(id);
     Shown& shown = read ? m_shown[id] : m_unread;
-    const Note note = read.value_or(Note(id, {}, updatedAt, updatedAt));
+    const Note note = read ? std::move(*read) : Note(id, {}, updatedAt, updatedAt);
     const std::string title = note.title();
     const std::string preview = note.preview();
     shown = {.updatedAt = updatedAt,

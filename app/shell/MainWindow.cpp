@@ -1,7 +1,6 @@
 #include "app/shell/MainWindow.h"
 
 #include "app/look/Surface.h"
-#include "app/look/Symbols.h"
 #include "app/look/Theme.h"
 #include "app/model/AppModel.h"
 #include "app/model/Text.h"
@@ -15,7 +14,6 @@
 #include "app/pages/SettingsView.h"
 #include "app/shell/AboutDialog.h"
 #include "app/shell/EditMenu.h"
-#include "app/shell/Memory.h"
 #include "app/shell/PageChrome.h"
 #include "app/shell/Sidebar.h"
 #include "app/shell/SidebarRow.h"
@@ -27,7 +25,6 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <cstddef>
-#include <utility>
 
 namespace zelta {
 namespace {
@@ -116,19 +113,6 @@ void MainWindow::settle()
     constexpr int depth = 8; // of layouts in one another; each round hears what the last one has asked
     for (int i = 0; i < depth; ++i)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-}
-
-void MainWindow::paintEvent(QPaintEvent* event)
-{
-    QMainWindow::paintEvent(event);
-    // The icon is drawn in several sizes; the first frame does not wait for that.
-    if (!std::exchange(m_hasStarted, true)) {
-        const auto finishStart = [this] {
-            setWindowIcon(Symbols::appIcon());
-            Memory::giveBack();
-        };
-        QMetaObject::invokeMethod(this, finishStart, Qt::QueuedConnection);
-    }
 }
 
 QWidget* MainWindow::makeCentre()

@@ -24,7 +24,6 @@ public:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     QWidget* makeCentre();
@@ -39,7 +38,6 @@ private:
     AppModel& m_model;
     QStackedWidget* m_pages = nullptr;
     std::array<PageChrome*, caseCount<Module>> m_built {};
-    bool m_hasStarted = false;
 };
 
 } // namespace zelta

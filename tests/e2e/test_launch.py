@@ -2,8 +2,10 @@
 
 import os
 import pathlib
+import re
 import subprocess
 
+import desktop
 import program
 import scenario
 
@@ -70,6 +72,13 @@ class Launch(scenario.Scenario):
         self.start()
         folder = program.database(self.screen).parent
         self.assertEqual(folder.stat().st_mode & 0o777, 0o700)
+
+    def test_the_desktop_is_given_the_icon(self):
+        """It is drawn behind the first picture, when the window has come onto the screen."""
+        self.start()
+        [window] = self.screen.run(["xprop", "-root", "-notype", "_NET_CLIENT_LIST"]).split("#")[1].split()
+        icon = lambda: self.screen.run(["xprop", "-id", window, "-len", "40", "-notype", "32c", "_NET_WM_ICON"])
+        desktop.wait_for(lambda: re.search(r"= \d+, \d+", icon()), "an icon of some size")
 
     def test_qt_draws_with_the_fonts_that_it_names(self):
         """Two of the program's functions stand before the font library's; who calls whom is the dynamic linker's word."""
