@@ -82,7 +82,15 @@ MainWindow::MainWindow(AppModel& model)
     setMinimumSize(smallestSize);
     resize(defaultSize);
     connect(&model, &AppModel::selectionChanged, this, &MainWindow::showSelection);
-    showSelection();
+    setWindowTitle(toQt(title(model.selection())));
+}
+
+/// The page comes last: it is made and laid out while the window manager makes room for the window.
+void MainWindow::setVisible(bool visible)
+{
+    QMainWindow::setVisible(visible);
+    if (visible && m_pages->count() == 0)
+        showSelection();
 }
 
 /// Where a digit takes Shift (French, Czech), its key turns to a page without, too: no menu entry is meant.

@@ -21,6 +21,8 @@ class MainWindow final : public QMainWindow
 public:
     explicit MainWindow(AppModel& model);
 
+    void setVisible(bool visible) override;
+
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

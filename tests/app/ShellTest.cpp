@@ -69,6 +69,7 @@ struct ShellTest : testing::Test
 
 TEST_F(ShellTest, OpensOnTheRestoredPageAndBuildsNoOther)
 {
+    show();
     const auto pages = window.findChildren<PageChrome*>();
     ASSERT_EQ(pages.size(), 1);
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Notes"));
