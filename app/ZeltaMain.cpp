@@ -16,6 +16,7 @@
 #include <QEvent>
 #include <QSessionManager>
 #include <QStringList>
+#include <QThreadPool>
 #include <QWindow>
 #include <algorithm>
 #include <csignal>
@@ -92,6 +93,7 @@ public:
             watched->removeEventFilter(this);
             const auto finishStart = [this] {
                 m_window.setWindowIcon(Symbols::appIcon());
+                QThreadPool::globalInstance()->waitForDone(); // ends what Qt has drawn the large ones with
                 Memory::giveBack();
             };
             QMetaObject::invokeMethod(this, finishStart, Qt::QueuedConnection);
