@@ -76,32 +76,38 @@ void showPainted(QWidget& window)
     window.repaint();
 }
 
-/// What the first picture does not wait for, once it is on the screen: the icon is drawn in several sizes,
-/// and what the start has needed for a moment goes back to the system.
+/// Does what the first picture does not wait for, once it is on the screen: the icon is drawn in several
+/// sizes, and what the start has needed for a moment goes back to the system.
 class AfterFirstPicture final : public QObject
 {
 public:
     explicit AfterFirstPicture(QWidget& window)
         : m_window(window)
     {
-        window.windowHandle()->installEventFilter(this);
+        if (window.windowHandle()->isExposed())
+            finishStart();
+        else
+            window.windowHandle()->installEventFilter(this);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::Expose) {
             watched->removeEventFilter(this);
-            const auto finishStart = [this] {
-                m_window.setWindowIcon(Symbols::appIcon());
-                QThreadPool::globalInstance()->waitForDone(); // ends what Qt has drawn the large ones with
-                Memory::giveBack();
-            };
-            QMetaObject::invokeMethod(this, finishStart, Qt::QueuedConnection);
+            // Queued: the picture goes to the screen with this event.
+            QMetaObject::invokeMethod(this, &AfterFirstPicture::finishStart, Qt::QueuedConnection);
         }
         return QObject::eventFilter(watched, event);
     }
 
 private:
+    void finishStart()
+    {
+        m_window.setWindowIcon(Symbols::appIcon());
+        QThreadPool::globalInstance()->waitForDone(); // ends what Qt has drawn the large ones with
+        Memory::giveBack();
+    }
+
     QWidget& m_window;
 };
 

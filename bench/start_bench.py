@@ -23,7 +23,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "tests/e2e"))
 import desktop  # noqa: E402
 
 PAGES = ["calculator", "percent", "converter", "calendar", "notes", "duration", "history", "settings"]
-ROUNDS = 9
+ROUNDS = 21
 IDLE_SECONDS = 2
 START_BUDGET, MEMORY_BUDGET = 1.35, 1.3
 

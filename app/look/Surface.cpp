@@ -20,8 +20,9 @@ bool isOpaque(const QPainter& painter)
         && (pen.style() == Qt::NoPen || pen.color().alpha() == 255);
 }
 
-/// Draws with the painter's pen and brush. Qt hands a translucent shape of some size to other threads and
-/// waits for them, several times as long as drawing it takes: in bands it stays below that size.
+/// Draws with the painter's pen and brush. Qt hands a translucent shape of 96 spans or more to other threads
+/// and waits for them, several times as long as drawing it takes. So it is drawn a few lines at a time: one
+/// of a corner has up to seven spans, one of the sides up to three.
 void drawRounded(QPainter& painter, const QRectF& rect, double radius)
 {
     if (isOpaque(painter)) {
