@@ -46,8 +46,9 @@ public:
         m_layout.setFont(font);
         m_layout.setTextOption(option);
         const int narrow = std::max(1, font.pixelSize() * 2 / 5);
-        if (!fit(text.left(width / narrow), width, text.size()))
-            fit(text, width, text.size());
+        const QString start = text.left(width / narrow);
+        if (fit(start, width) && start.size() < text.size())
+            fit(text, width);
     }
 
     void draw(QPainter& painter, const QRect& area, Qt::Alignment side) const
@@ -63,20 +64,20 @@ public:
     }
 
 private:
-    /// False where all of `start` fits, and more of the text may.
-    bool fit(const QString& start, int width, qsizetype whole)
+    /// Whether all of the text fits; otherwise it is cut, and there is an ellipsis.
+    bool fit(const QString& text, int width)
     {
-        m_layout.setText(start);
+        m_layout.setText(text);
         m_layout.beginLayout();
         QTextLine line = m_layout.createLine();
         line.setLineWidth(width);
-        const bool isCut = line.textLength() < whole;
-        if (isCut) {
+        const bool fits = line.textLength() == text.size();
+        if (!fits) {
             m_ellipsis.set(QStringLiteral("…"), m_layout.font());
             line.setLineWidth(width - m_ellipsis.advance());
         }
         m_layout.endLayout();
-        return !isCut || line.textLength() < start.size();
+        return fits;
     }
 
     QTextLayout m_layout;
@@ -87,6 +88,7 @@ void drawLine(QPainter& painter, const QRect& area, QString text, Theme::FontRol
               Qt::LayoutDirection direction, Qt::Alignment side)
 {
     text.replace(QChar::Tabulation, QChar::Space);
+    text.remove(QChar::SoftHyphen); // a line that ends with one shows it
     painter.setPen(Theme::color(token));
     FittedLine(text, Theme::font(role), direction, area.width()).draw(painter, area, side);
 }

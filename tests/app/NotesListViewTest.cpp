@@ -1,7 +1,10 @@
+#include "app/look/Theme.h"
+#include "app/model/Text.h"
 #include "tests/app/support/NotesStage.h"
 
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
 #include <QImage>
 #include <QListView>
 #include <algorithm>
@@ -138,6 +141,28 @@ TEST_F(NotesListViewTest, AnEllipsisStandsForWhatIsCutAndForNothingElse)
     const auto end = [&](int row) { return part(row).copy(titleInk(row).last - 2, 0, 6, aboveDots); };
     EXPECT_TRUE(isBlank(end(1)));
     EXPECT_FALSE(isBlank(end(3)));
+}
+
+TEST_F(NotesListViewTest, WhatFitsIsShownWhole)
+{
+    // More characters than usual letters have room, in less room than they have.
+    const std::vector<std::string> titles {
+        std::string(46, 'i'),
+        "السَّلَامُ عَلَيْكُمْ وَرَحْمَةُ اللّٰهِ وَبَرَكَ",
+        "בְּרֵאשִׁית בָּרָא אֱלֹהִים אֵת הַשָּׁמַיִם",
+        "1) ill, 2) fill, 3) till, 4) ill - still, 5)",
+    };
+    for (std::size_t i = 0; i < titles.size(); ++i)
+        add({titles[i]}, std::chrono::minutes(i));
+    open();
+    page->list()->select(std::nullopt);
+    for (int row = 1; row <= static_cast<int>(titles.size()); ++row) {
+        const QFontMetricsF metrics(Theme::font(Theme::FontRole::rowTitle));
+        const double whole = metrics.horizontalAdvance(toQt(titles[static_cast<std::size_t>(row - 1)]));
+        const Ink ink = titleInk(row);
+        EXPECT_NEAR(ink.last - ink.first, whole, 5) << row;
+        EXPECT_LT(whole, ink.width) << row;
+    }
 }
 
 TEST_F(NotesListViewTest, RowsAreAsWideAsTheList)
