@@ -17,8 +17,10 @@
 #include <QSessionManager>
 #include <QStringList>
 #include <QThreadPool>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -84,31 +86,32 @@ public:
     explicit AfterFirstPicture(QWidget& window)
         : m_window(window)
     {
-        if (window.windowHandle()->isExposed())
-            finishStart();
-        else
-            window.windowHandle()->installEventFilter(this);
+        using namespace std::chrono_literals;
+        m_timer.setSingleShot(true);
+        m_timer.callOnTimeout(this, &AfterFirstPicture::finishStart);
+        // A window that starts minimised comes onto the screen much later, and its icon at once.
+        m_timer.start(m_window.windowHandle()->isExposed() ? 0ms : 1s);
+        m_window.windowHandle()->installEventFilter(this);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Expose) {
-            watched->removeEventFilter(this);
-            // Queued: the picture goes to the screen with this event.
-            QMetaObject::invokeMethod(this, &AfterFirstPicture::finishStart, Qt::QueuedConnection);
-        }
+        if (event->type() == QEvent::Expose)
+            m_timer.start(0); // with this event the picture goes to the screen
         return QObject::eventFilter(watched, event);
     }
 
 private:
     void finishStart()
     {
+        m_window.windowHandle()->removeEventFilter(this);
         m_window.setWindowIcon(Symbols::appIcon());
         QThreadPool::globalInstance()->waitForDone(); // ends what Qt has drawn the large ones with
         Memory::giveBack();
     }
 
     QWidget& m_window;
+    QTimer m_timer;
 };
 
 /// How a desktop that restores its session starts the program again: Qt would add an option of its own, and
