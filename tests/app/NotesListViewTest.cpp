@@ -19,6 +19,13 @@ using namespace std::chrono_literals;
 /// How the rows of the list look.
 struct NotesListViewTest : testing::Test, test::NotesStage
 {
+    void openWith(const std::vector<std::string>& titles)
+    {
+        for (std::size_t i = 0; i < titles.size(); ++i)
+            add({titles[i]}, std::chrono::minutes(i));
+        open();
+    }
+
     QListView& list() const { return *page->list()->list(); }
 
     QRect place(int row) const { return list().visualRect(list().model()->index(row, 0)); }
@@ -111,9 +118,7 @@ TEST_F(NotesListViewTest, ALongTitleFillsItsLineAndEndsInAnEllipsis)
         "مرحبا بالعالم هذا عنوان طويل جدا لا يتسع في سطر واحد",
         "mixed שלום and עולם with numbers 123 456 and more words",
     };
-    for (std::size_t i = 0; i < titles.size(); ++i)
-        add({titles[i]}, std::chrono::minutes(i));
-    open();
+    openWith(titles);
     page->resize(800, 900);
     constexpr int widestLetter = 20;
     for (int row = 1; row <= static_cast<int>(titles.size()); ++row) {
@@ -152,9 +157,7 @@ TEST_F(NotesListViewTest, WhatFitsIsShownWhole)
         "בְּרֵאשִׁית בָּרָא אֱלֹהִים אֵת הַשָּׁמַיִם",
         "1) ill, 2) fill, 3) till, 4) ill - still, 5)",
     };
-    for (std::size_t i = 0; i < titles.size(); ++i)
-        add({titles[i]}, std::chrono::minutes(i));
-    open();
+    openWith(titles);
     page->list()->select(std::nullopt);
     for (int row = 1; row <= static_cast<int>(titles.size()); ++row) {
         const QFontMetricsF metrics(Theme::font(Theme::FontRole::rowTitle));
